@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <stdexcept>
+
+// A numbered error of the settings store; number and text are those the user sees.
+class ConfigError : public std::runtime_error {
+public:
+    ConfigError(quint32 number, const QString &text);
+    quint32 number() const { return m_number; }
+    QString text() const { return m_text; }
+
+private:
+    quint32 m_number;
+    QString m_text;
+};
+
+// The program's named text settings. Holds no state: every call opens the settings file in
+// the application directory, does its work and closes it. Reading never creates anything.
+class CLocalConfig {
+public:
+    // Settings file of the current application directory (AppPaths), unless one is given.
+    CLocalConfig();
+    explicit CLocalConfig(const QString &settingsFile);
+
+    QString Load(const QString &section, const QString &key, const QString &defaultValue) const;
+    void Save(const QString &section, const QString &key, const QString &value) const;
+
+    // The internal pair, with the application name as first argument.
+    QString ReadSetting(const QString &appName, const QString &section, const QString &key,
+                        const QString &defaultValue) const;
+    void WriteSetting(const QString &appName, const QString &section, const QString &key,
+                      const QString &value) const;
+
+    static constexpr quint32 ErrAppNameEmpty = 0x800403E8;
+    static constexpr quint32 ErrSectionEmpty = 0x800403E9;
+    static constexpr quint32 ErrKeyEmpty = 0x800403EA;
+    static constexpr quint32 ErrBase = 0x800407D0;
+
+private:
+    QString m_file;
+};
