@@ -1,0 +1,294 @@
+#include "shell/frmMain.h"
+
+#include "base/AppPaths.h"
+#include "base/CLocalConfig.h"
+#include "base/modCorvane.h"
+#include "exchange/MapFile.h"
+#include "presentation/CDrinkFacade.h"
+#include "presentation/DrinkListModel.h"
+#include "shell/InstanceLink.h"
+#include "shell/ShellMessages.h"
+#include "shell/frmAboutBox.h"
+#include "store/DrinkStore.h"
+#include "store/StoreError.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+namespace {
+const QString kReady = QStringLiteral("Ready for command");
+}
+
+frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Corvane"));
+    buildWidgets();
+}
+
+frmMain::~frmMain()
+{
+    // The facade's statements must go before the connection they run on.
+    m_facade.reset();
+    delete m_listModel;
+    m_listModel = nullptr;
+    m_store.reset();
+}
+
+void frmMain::buildWidgets()
+{
+    auto *central = new QWidget(this);
+    auto *split = new QSplitter(Qt::Horizontal, central);
+    split->setObjectName(QStringLiteral("splitMain"));
+
+    auto *left = new QWidget(split);
+    auto *leftLayout = new QVBoxLayout(left);
+    leftLayout->setContentsMargins(0, 0, 0, 0);
+    pnlLogo = new QPushButton(QStringLiteral("Corvane"), left);
+    pnlLogo->setObjectName(QStringLiteral("pnlLogo"));
+    pnlLogo->setFlat(true);
+    QFont logoFont = pnlLogo->font();
+    logoFont.setPointSize(logoFont.pointSize() + 6);
+    logoFont.setBold(true);
+    pnlLogo->setFont(logoFont);
+    connect(pnlLogo, &QPushButton::clicked, this, &frmMain::pnlLogo_Click);
+    leftLayout->addWidget(pnlLogo);
+
+    m_listModel = new DrinkListModel();
+    gridDrinkNames = new QTableView(left);
+    gridDrinkNames->setObjectName(QStringLiteral("gridDrinkNames"));
+    gridDrinkNames->setModel(m_listModel);
+    gridDrinkNames->setColumnHidden(DrinkListModel::IdColumn, true);
+    gridDrinkNames->setSelectionBehavior(QAbstractItemView::SelectRows);
+    gridDrinkNames->setSelectionMode(QAbstractItemView::SingleSelection);
+    gridDrinkNames->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    gridDrinkNames->horizontalHeader()->setStretchLastSection(true);
+    gridDrinkNames->horizontalHeader()->hide();
+    gridDrinkNames->verticalHeader()->hide();
+    gridDrinkNames->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    gridDrinkNames->verticalHeader()->setDefaultSectionSize(gridDrinkNames->fontMetrics().height() + 4);
+    connect(gridDrinkNames->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this] { ShowSelectedDrink(); });
+    leftLayout->addWidget(gridDrinkNames);
+
+    wbMain = new QTextBrowser(split);
+    wbMain->setObjectName(QStringLiteral("wbMain"));
+    split->addWidget(left);
+    split->addWidget(wbMain);
+    split->setStretchFactor(0, 1);
+    split->setStretchFactor(1, 3);
+
+    // The mailbox a running copy is handed command lines through; never seen.
+    cmdDummy = new QPushButton(kReady, central);
+    cmdDummy->setObjectName(QStringLiteral("cmdDummy"));
+    cmdDummy->hide();
+    connect(cmdDummy, &QPushButton::clicked, this, &frmMain::cmdDummy_Click);
+
+    auto *layout = new QHBoxLayout(central);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->addWidget(split);
+    setCentralWidget(central);
+
+    sbMain = new QLabel(this);
+    sbMain->setObjectName(QStringLiteral("sbMain"));
+    sbCount = new QLabel(this);
+    sbCount->setObjectName(QStringLiteral("sbCount"));
+    statusBar()->addWidget(sbMain, 1);
+    statusBar()->addPermanentWidget(sbCount);
+    resize(960, 640);
+}
+
+template <typename F> bool frmMain::guarded(F &&f)
+{
+    try {
+        f();
+        return true;
+    } catch (const StoreError &e) {
+        QMessageBox::critical(this, QStringLiteral("Corvane"), e.engineText());
+    } catch (const ConfigError &e) {
+        QMessageBox::critical(this, QStringLiteral("Corvane"), runtimeErrorText(e.number(), e.text()));
+    }
+    return false;
+}
+
+bool frmMain::Form_Load(const QString &commandLine)
+{
+    m_openedByMap = false;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const QString storePath = AppPaths::storeFile();
+    try {
+        m_store = std::make_unique<DrinkStore>(storePath);
+        m_facade = std::make_unique<CDrinkFacade>(*m_store, AppPaths::appDir());
+    } catch (const StoreError &e) {
+        QApplication::restoreOverrideCursor();
+        m_facade.reset();
+        m_store.reset();
+        QMessageBox::critical(nullptr, QStringLiteral("Corvane"), storeOpenFailedText(storePath, e.engineText()));
+        return false;
+    }
+
+    auto &state = modCorvane::state();
+    const CLocalConfig config;
+    guarded([&] { modCorvane::LoadOptions(state, config); });
+    sbMain->clear();
+    guarded([&] {
+        m_facade->setCurrentHTMLTemplatePath(config.Load(modCorvane::kSettings, QStringLiteral("TemplatePath"),
+                                                         AppPaths::file(QStringLiteral("Templates/Standard.cvt"))));
+        m_facade->setCurrentHTMLTemplateRoot(config.Load(modCorvane::kSettings, QStringLiteral("TemplateRoot"),
+                                                         AppPaths::file(QStringLiteral("Templates/"))));
+    });
+    searchActive = false;
+    currentListTab = -1;
+    guarded([&] { modCorvane::LoadLastView(state, config); });
+    RunCommand(state.currentView > 5 ? 207 : 201 + state.currentView);
+
+    m_link = new InstanceLink(this);
+    connect(m_link, &InstanceLink::commandReceived, this, [this](const QString &line) {
+        bringForward();
+        cmdDummy->setText(line);
+        cmdDummy_Click();
+    });
+    m_link->listen(AppPaths::appDir());
+
+    show();
+    QApplication::restoreOverrideCursor();
+
+    if (!commandLine.trimmed().isEmpty()) {
+        cmdDummy->setText(commandLine);
+        cmdDummy_Click();
+    }
+    return true;
+}
+
+void frmMain::cmdDummy_Click()
+{
+    const QString line = cmdDummy->text();
+    ProcessCommandLine(line);
+    cmdDummy->setText(kReady);
+}
+
+void frmMain::ProcessCommandLine(const QString &text)
+{
+    const CommandLineAction action = ParseCommandLine(text);
+    switch (action.kind) {
+    case CommandLineAction::ShowDrinkByID:
+    case CommandLineAction::InvalidDrinkID:
+        ShowDrinkByID(action);
+        break;
+    case CommandLineAction::ShowDrinkByMapID:
+        ShowDrinkByMapID(action.text);
+        break;
+    case CommandLineAction::Ignore:
+        break;
+    }
+}
+
+void frmMain::ShowDrinkByID(const CommandLineAction &action)
+{
+    if (action.kind == CommandLineAction::InvalidDrinkID) {
+        QMessageBox::information(this, QStringLiteral("Corvane"), invalidDrinkIdMessage(action.text));
+        return;
+    }
+    sbCount->setText(QStringLiteral("Drink ID ") + QString::number(action.drinkId));
+    ShowDrink(action.drinkId);
+}
+
+void frmMain::ShowDrinkByMapID(const QString &mapId)
+{
+    const MapLookup found = lookupMapId(AppPaths::file(QStringLiteral("Corvane.map")), mapId);
+    if (found.result == MapLookup::NotFound) {
+        QMessageBox::information(this, QStringLiteral("Corvane"), mapIdNotFoundMessage(mapId));
+        return;
+    }
+    if (found.result != MapLookup::Found)
+        return; // no map file: nothing to say
+    sbCount->setText(QStringLiteral("Map ID ") + mapId);
+    ShowDrink(found.drinkId);
+    m_openedByMap = true;
+}
+
+void frmMain::RunCommand(int command)
+{
+    auto &state = modCorvane::state();
+    guarded([&] {
+        switch (command) {
+        case 6:
+            QApplication::exit(0);
+            break;
+        case 201:
+        case 202:
+        case 203:
+        case 204:
+        case 205:
+        case 206:
+        case 207:
+            state.currentView = command - 201;
+            modCorvane::SaveLastView(state, CLocalConfig());
+            loadList(state.currentView == 4   ? QStringLiteral("SELECT ID, Name FROM Drinks WHERE Marked = True ORDER BY Name")
+                     : state.currentView == 5 ? QStringLiteral("SELECT ID, Name FROM Drinks WHERE LiqCab = 1 ORDER BY Name")
+                                              : QStringLiteral("SELECT ID, Name FROM Drinks ORDER BY Name"));
+            break;
+        case 605: {
+            frmAboutBox box(this);
+            box.exec();
+            break;
+        }
+        default:
+            break;
+        }
+    });
+}
+
+void frmMain::loadList(const QString &jetSql)
+{
+    m_listModel->load(*m_store, jetSql);
+    if (m_listModel->rowCount() > 0)
+        gridDrinkNames->selectRow(0);
+    else
+        ShowSelectedDrink();
+}
+
+void frmMain::ShowSelectedDrink()
+{
+    const int rows = m_listModel->rowCount();
+    const int row = gridDrinkNames->currentIndex().isValid() ? gridDrinkNames->currentIndex().row() : -1;
+    sbCount->setText(rows == 0 ? QString()
+                               : QStringLiteral("Drink %1 of %2").arg(row + 1).arg(rows));
+    ShowDrink(m_listModel->idAt(row));
+}
+
+void frmMain::ShowDrink(qint32 drinkID)
+{
+    guarded([&] { wbMain->setPlainText(m_facade->drinkAsPlainText(drinkID)); });
+}
+
+void frmMain::pnlLogo_Click()
+{
+    if (m_openedByMap)
+        setWindowState(windowState() | Qt::WindowMinimized);
+}
+
+void frmMain::bringForward()
+{
+    if (isMinimized())
+        showNormal();
+    raise();
+    activateWindow();
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    // Everything was written when it changed: closing ends the program with no question.
+    event->accept();
+    QApplication::exit(0);
+}

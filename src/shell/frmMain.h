@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "base/CommandLine.h"
+
+class CDrinkFacade;
+class DrinkListModel;
+class DrinkStore;
+class InstanceLink;
+class QLabel;
+class QPushButton;
+class QTableView;
+class QTextBrowser;
+
+// The main window: the drink list, the page of the selected drink, and the one dispatcher of
+// numbered commands.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit frmMain(QWidget *parent = nullptr);
+    ~frmMain() override;
+
+    // The start: opens the store and the facade, reads the settings, opens the last view and
+    // handles this start's own command line. False (after telling the user) when the store
+    // cannot be opened; the program then ends.
+    bool Form_Load(const QString &commandLine);
+
+    void RunCommand(int command);
+    void ProcessCommandLine(const QString &text);
+    void ShowDrink(qint32 drinkID);
+    void ShowSelectedDrink();
+
+    DrinkStore *store() const { return m_store.get(); }
+    CDrinkFacade *drinkFacade() const { return m_facade.get(); }
+    bool openedByMap() const { return m_openedByMap; }
+    DrinkListModel *listModel() const { return m_listModel; }
+
+public slots:
+    void cmdDummy_Click();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildWidgets();
+    void loadList(const QString &jetSql);
+    void ShowDrinkByID(const CommandLineAction &action);
+    void ShowDrinkByMapID(const QString &mapId);
+    void pnlLogo_Click();
+    void bringForward();
+    // Runs a piece of a command; an error nothing else handles is shown with the engine's or
+    // the settings' own text, and the program goes on.
+    template <typename F> bool guarded(F &&f);
+
+    std::unique_ptr<DrinkStore> m_store;
+    std::unique_ptr<CDrinkFacade> m_facade;
+    InstanceLink *m_link = nullptr;
+    DrinkListModel *m_listModel = nullptr;
+
+    QTableView *gridDrinkNames = nullptr;
+    QTextBrowser *wbMain = nullptr;
+    QLabel *sbMain = nullptr;
+    QLabel *sbCount = nullptr;
+    QPushButton *cmdDummy = nullptr;
+    QPushButton *pnlLogo = nullptr;
+
+    short currentListTab = -1;
+    bool searchActive = false;
+    bool m_openedByMap = false;
+};

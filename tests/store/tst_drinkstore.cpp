@@ -1,0 +1,155 @@
+// Opening the store, new keys, and removing a drink.
+#include "TestStore.h"
+#include "store/DrinkStore.h"
+#include "store/KeyAllocation.h"
+#include "store/StoreError.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class tst_DrinkStore : public QObject {
+    Q_OBJECT
+private slots:
+    void openRefusesWithoutWriting_data();
+    void openRefusesWithoutWriting();
+    void keys_data();
+    void keys();
+    void keysOnEmptyTables();
+    void categoryKeyFromList();
+    void removalOrderAndEffect();
+    void transactionRollsBackUnlessCommitted();
+};
+
+namespace {
+QByteArray digest(const QString &path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha1);
+}
+} // namespace
+
+void tst_DrinkStore::openRefusesWithoutWriting_data()
+{
+    QTest::addColumn<QByteArray>("content"); // null: no file at all
+    QTest::addColumn<QString>("message");
+    QTest::newRow("missing") << QByteArray() << "does not exist";
+    QTest::newRow("damaged") << QByteArray(4096, 'x') << "not a database";
+    // A zero-length file is an empty database to the engine, but holds no recipe book.
+    QTest::newRow("not a drink store") << QByteArray("") << "not a drink store";
+}
+
+void tst_DrinkStore::openRefusesWithoutWriting()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, message);
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("drinks.db"));
+    if (!content.isNull()) {
+        QFile f(path);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(content);
+    }
+    const QByteArray before = digest(path);
+    try {
+        DrinkStore store(path);
+        QFAIL("the store opened");
+    } catch (const StoreError &e) {
+        QVERIFY2(e.engineText().contains(message), qPrintable(e.engineText()));
+        QCOMPARE(e.statement(), path);
+    }
+    QCOMPARE(QFile::exists(path), !content.isNull());
+    QCOMPARE(digest(path), before);
+    QVERIFY(!QFile::exists(path + QStringLiteral("-wal")));
+}
+
+void tst_DrinkStore::keys_data()
+{
+    QTest::addColumn<int>("rule");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("drink, editor") << 0 << 41;
+    QTest::newRow("drink, import") << 1 << 41;
+    QTest::newRow("ingredient, editor") << 2 << 8;
+    QTest::newRow("ingredient, add dialog") << 3 << 8;
+    QTest::newRow("ingredient, import") << 4 << 8;
+    QTest::newRow("category, import") << 5 << 13;
+    QTest::newRow("saved search: last row, not largest") << 6 << 3;
+    QTest::newRow("ingredient type: count plus one") << 7 << 4;
+    QTest::newRow("second new ingredient type") << 8 << 5;
+}
+
+void tst_DrinkStore::keys()
+{
+    QFETCH(int, rule);
+    QFETCH(int, expected);
+    // Keys with gaps, so that a rule counting rows is told apart from one taking the largest.
+    TestStore ts(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (3, 'a'), (40, 'b');"
+                                "INSERT INTO Ingredients (id, Ingredient) VALUES (7, 'x'), (2, 'y');"
+                                "INSERT INTO DrinkTypes VALUES (0, 'Unknown / Other'), (12, 'Tiki');"
+                                "INSERT INTO SavedSearch VALUES (9, 'first'), (2, 'second');"
+                                "INSERT INTO IngTypes VALUES (0, 'Undefined'), (1, 'Spirits'), (7, 'Other');"));
+    DrinkStore &s = ts.store();
+    const int got = rule == 0   ? KeyAllocation::nextDrinkIdForEditor(s)
+                    : rule == 1 ? KeyAllocation::nextDrinkIdForImport(s)
+                    : rule == 2 ? KeyAllocation::nextIngredientIdForEditor(s)
+                    : rule == 3 ? KeyAllocation::nextIngredientIdForAddDialog(s)
+                    : rule == 4 ? KeyAllocation::nextIngredientIdForImport(s)
+                    : rule == 5 ? KeyAllocation::nextDrinkTypeIdForImport(s)
+                    : rule == 6 ? KeyAllocation::nextSavedSearchId(s)
+                    : rule == 7 ? KeyAllocation::nextIngTypeId(s, 0)
+                                : KeyAllocation::nextIngTypeId(s, 1);
+    QCOMPARE(got, expected);
+}
+
+void tst_DrinkStore::keysOnEmptyTables()
+{
+    TestStore ts;
+    QCOMPARE(KeyAllocation::nextDrinkIdForEditor(ts.store()), 1);
+    QCOMPARE(KeyAllocation::nextIngredientIdForImport(ts.store()), 1);
+    QCOMPARE(KeyAllocation::nextSavedSearchId(ts.store()), 1);
+    QCOMPARE(KeyAllocation::nextIngTypeId(ts.store(), 0), 1);
+}
+
+void tst_DrinkStore::categoryKeyFromList()
+{
+    QCOMPARE(KeyAllocation::nextDrinkTypeIdFromList({0, 4, 2}), 5);
+    QCOMPARE(KeyAllocation::nextDrinkTypeIdFromList({0}), 1);
+}
+
+void tst_DrinkStore::removalOrderAndEffect()
+{
+    QCOMPARE(drinkRemovalStatements(7),
+             QStringList({"DELETE FROM DrinkTypeRel WHERE DrinkID = 7", "DELETE FROM DrinkRel WHERE DrinkID = 7",
+                          "DELETE FROM Drinks WHERE ID = 7", "DELETE FROM SearchResults WHERE ID = 7"}));
+    TestStore ts(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (7, 'Gone'), (8, 'Kept');"
+                                "INSERT INTO DrinkRel (DrinkID, IngID) VALUES (7, 1), (7, 2), (8, 1);"
+                                "INSERT INTO DrinkTypeRel VALUES (7, 1), (8, 1);"
+                                "INSERT INTO SearchResults VALUES (7, 'Gone'), (8, 'Kept');"));
+    removeDrink(ts.store(), 7);
+    for (const char *table : {"Drinks WHERE id", "DrinkRel WHERE DrinkID", "DrinkTypeRel WHERE DrinkID", "SearchResults WHERE ID"}) {
+        const QString t = QString::fromLatin1(table);
+        QCOMPARE(ts.store().scalar("SELECT COUNT(*) FROM " + t + " = 7").toInt(), 0);
+        QCOMPARE(ts.store().scalar("SELECT COUNT(*) FROM " + t + " = 8").toInt(), 1);
+    }
+}
+
+void tst_DrinkStore::transactionRollsBackUnlessCommitted()
+{
+    TestStore ts(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (1, 'Gimlet');"));
+    try {
+        ScopedTransaction tx(ts.store());
+        ts.store().execute(QStringLiteral("DELETE FROM Drinks WHERE ID = 1"));
+        ts.store().execute(QStringLiteral("UPDATE NoSuchTable SET x = 1"));
+        tx.commit();
+        QFAIL("the broken statement ran");
+    } catch (const StoreError &e) {
+        QVERIFY(e.engineText().contains(QStringLiteral("NoSuchTable")));
+    }
+    QCOMPARE(ts.store().scalar(QStringLiteral("SELECT COUNT(*) FROM Drinks")).toInt(), 1);
+}
+
+QTEST_GUILESS_MAIN(tst_DrinkStore)
+#include "tst_drinkstore.moc"
