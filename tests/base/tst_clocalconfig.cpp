@@ -1,0 +1,240 @@
+// The settings file: defaults for what is missing, exact text back for what was saved, and
+// the numbered errors for everything else.
+#include "base/CLocalConfig.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::optional<ConfigError> errorOf(const std::function<void()> &call)
+{
+    try {
+        call();
+    } catch (const ConfigError &e) {
+        return e;
+    }
+    return std::nullopt;
+}
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(content);
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+} // namespace
+
+class tst_CLocalConfig : public QObject {
+    Q_OBJECT
+private slots:
+    void missingFileGivesDefaultAndCreatesNothing();
+    void readsHandWrittenFile_data();
+    void readsHandWrittenFile();
+    void saveThenLoad_data();
+    void saveThenLoad();
+    void saveReplacesAndKeepsOthers();
+    void readErrors_data();
+    void readErrors();
+    void emptyNames_data();
+    void emptyNames();
+    void writeErrors_data();
+    void writeErrors();
+    void writeLeavesUnreadableFileAlone();
+};
+
+void tst_CLocalConfig::missingFileGivesDefaultAndCreatesNothing()
+{
+    QTemporaryDir dir;
+    const CLocalConfig config(dir.filePath(u"settings.ini"_s));
+    QCOMPARE(config.Load(u"Settings"_s, u"LastView"_s, u"A"_s), u"A"_s);
+    QVERIFY(QDir(dir.path()).isEmpty());
+}
+
+void tst_CLocalConfig::readsHandWrittenFile_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("value") << QByteArray("[Corvane]\nSettings\\UseMetric=Y\n") << "Y";
+    QTest::newRow("empty value is not the default") << QByteArray("[Corvane]\nSettings\\UseMetric=\n") << "";
+    QTest::newRow("quoted commas") << QByteArray("[Corvane]\nSettings\\UseMetric=\"a, b\"\n") << "a, b";
+    QTest::newRow("other key") << QByteArray("[Corvane]\nSettings\\LastView=N\n") << "default";
+    QTest::newRow("other section") << QByteArray("[Corvane]\nOther\\UseMetric=Y\n") << "default";
+}
+
+void tst_CLocalConfig::readsHandWrittenFile()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, expected);
+    QTemporaryDir dir;
+    const QString file = dir.filePath(u"settings.ini"_s);
+    writeFile(file, content);
+    QCOMPARE(CLocalConfig(file).Load(u"Settings"_s, u"UseMetric"_s, u"default"_s), expected);
+}
+
+void tst_CLocalConfig::saveThenLoad_data()
+{
+    QTest::addColumn<QString>("value");
+    QTest::newRow("plain") << "Y";
+    QTest::newRow("empty") << "";
+    QTest::newRow("windows path") << "C:\\Program Files\\Corvane\\Templates\\Standard.cvt";
+    QTest::newRow("commas") << "a, b, c";
+    QTest::newRow("quotes and equals") << "say \"x=y\"";
+    QTest::newRow("blanks around") << "  padded  ";
+    QTest::newRow("at sign first") << "@Variant(x)";
+    QTest::newRow("comment marks") << "; not # a comment";
+    QTest::newRow("line break") << "two\r\nlines";
+    QTest::newRow("non-ascii") << u"Crème „brûlée“ 5 €"_s;
+}
+
+void tst_CLocalConfig::saveThenLoad()
+{
+    QFETCH(QString, value);
+    QTemporaryDir dir;
+    const QString file = dir.filePath(u"settings.ini"_s);
+    CLocalConfig(file).Save(u"Settings"_s, u"TemplatePath"_s, value);
+    QCOMPARE(CLocalConfig(file).Load(u"Settings"_s, u"TemplatePath"_s, u"?"_s), value);
+}
+
+void tst_CLocalConfig::saveReplacesAndKeepsOthers()
+{
+    QTemporaryDir dir;
+    const CLocalConfig config(dir.filePath(u"settings.ini"_s));
+    const QString section = u"Settings"_s;
+    config.Save(section, u"LastView"_s, u"N"_s);
+    config.Save(section, u"UseMetric"_s, u"Y"_s);
+    config.Save(section, u"LastView"_s, u"G"_s);
+    config.WriteSetting(u" Corvane "_s, u" Settings "_s, u"ColorScheme"_s, u"12"_s);
+    QCOMPARE(config.Load(section, u"LastView"_s, QString()), u"G"_s);
+    QCOMPARE(config.Load(section, u"UseMetric"_s, QString()), u"Y"_s);
+    QCOMPARE(config.Load(section, u"ColorScheme"_s, QString()), u"12"_s);
+    QCOMPARE(config.ReadSetting(u"Other"_s, section, u"LastView"_s, u"-"_s), u"-"_s);
+}
+
+void tst_CLocalConfig::readErrors_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<quint32>("number");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("list") << QByteArray("[Corvane]\nSettings\\Key=a, b\n") << quint32(0x800407D0)
+                          << "Registry data not a string";
+    QTest::newRow("byte array") << QByteArray("[Corvane]\nSettings\\Key=@ByteArray(abc)\n")
+                                << quint32(0x800407D0) << "Registry data not a string";
+    QTest::newRow("rectangle") << QByteArray("[Corvane]\nSettings\\Key=@Rect(1 2 3 4)\n")
+                               << quint32(0x800407D0) << "Registry data not a string";
+    QTest::newRow("unparseable") << QByteArray("[Corvane]\nSettings\\Key=x\n[Broken\n") << quint32(0x800407DD)
+                                 << "Could not open registry section";
+}
+
+void tst_CLocalConfig::readErrors()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(quint32, number);
+    QFETCH(QString, text);
+    QTemporaryDir dir;
+    const QString file = dir.filePath(u"settings.ini"_s);
+    writeFile(file, content);
+    const auto error = errorOf([&] {
+        CLocalConfig(file).Load(u"Settings"_s, u"Key"_s, QString());
+    });
+    QVERIFY(error);
+    QCOMPARE(error->number(), number);
+    QCOMPARE(error->text(), text);
+    QCOMPARE(QString::fromUtf8(error->what()), text);
+}
+
+void tst_CLocalConfig::emptyNames_data()
+{
+    QTest::addColumn<QString>("app");
+    QTest::addColumn<QString>("section");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<quint32>("number");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("app blank, checked first") << " " << "" << "" << quint32(0x800403E8)
+                                              << "AppName may not be empty";
+    QTest::newRow("section empty, before key") << "Corvane" << "" << "" << quint32(0x800403E9)
+                                               << "Section may not be empty";
+    QTest::newRow("key blank") << "Corvane" << "Settings" << "\t " << quint32(0x800403EA)
+                               << "Key may not be empty";
+}
+
+void tst_CLocalConfig::emptyNames()
+{
+    QFETCH(QString, app);
+    QFETCH(QString, section);
+    QFETCH(QString, key);
+    QFETCH(quint32, number);
+    QFETCH(QString, text);
+    QTemporaryDir dir;
+    const CLocalConfig config(dir.filePath(u"settings.ini"_s));
+    const auto readError = errorOf([&] { config.ReadSetting(app, section, key, QString()); });
+    const auto writeError = errorOf([&] { config.WriteSetting(app, section, key, u"x"_s); });
+    QVERIFY(readError && writeError);
+    QCOMPARE(readError->number(), number);
+    QCOMPARE(readError->text(), text);
+    QCOMPARE(writeError->number(), number);
+    QCOMPARE(writeError->text(), text);
+    QVERIFY(QDir(dir.path()).isEmpty());
+}
+
+void tst_CLocalConfig::writeErrors_data()
+{
+    QTest::addColumn<QString>("relativePath");
+    QTest::addColumn<bool>("readFails");
+    // Tests run as root, where permission bits stop nothing; paths that cannot exist do.
+    QTest::newRow("directory missing") << "missing/settings.ini" << false;
+    QTest::newRow("parent is a file") << "plain.txt/settings.ini" << false;
+    QTest::newRow("settings path is a directory") << "folder" << true;
+}
+
+void tst_CLocalConfig::writeErrors()
+{
+    QFETCH(QString, relativePath);
+    QFETCH(bool, readFails);
+    QTemporaryDir dir;
+    writeFile(dir.filePath(u"plain.txt"_s), "x");
+    QVERIFY(QDir(dir.path()).mkdir(u"folder"_s));
+    const CLocalConfig config(dir.filePath(relativePath));
+
+    const auto error = errorOf([&] { config.Save(u"Settings"_s, u"Key"_s, u"v"_s); });
+    QVERIFY(error);
+    QCOMPARE(error->number(), quint32(0x800407D5));
+    QCOMPARE(error->text(), u"Could not open/create registry section"_s);
+    QVERIFY(!QFileInfo::exists(dir.filePath(u"missing"_s)));
+
+    const auto readError = errorOf([&] { config.Load(u"Settings"_s, u"Key"_s, QString()); });
+    QCOMPARE(bool(readError), readFails);
+    if (readError) {
+        QCOMPARE(readError->number(), quint32(0x800407D5));
+        QCOMPARE(readError->text(), u"Could not open registry section"_s);
+    }
+}
+
+// Writing through QSettings would drop the part of the file it could not parse.
+void tst_CLocalConfig::writeLeavesUnreadableFileAlone()
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath(u"settings.ini"_s);
+    const QByteArray content("[Corvane]\nSettings\\Key=x\n[Broken\nkept=1\n");
+    writeFile(file, content);
+    const auto error = errorOf([&] { CLocalConfig(file).Save(u"Settings"_s, u"Key"_s, u"y"_s); });
+    QVERIFY(error);
+    QCOMPARE(error->number(), quint32(0x800407DD));
+    QCOMPARE(error->text(), u"Could not open/create registry section"_s);
+    QCOMPARE(readFile(file), content);
+}
+
+QTEST_GUILESS_MAIN(tst_CLocalConfig)
+#include "tst_clocalconfig.moc"
