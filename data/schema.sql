@@ -206,12 +206,11 @@ CREATE VIEW GetZeroPriceDrinks AS
 CREATE VIEW GetMaxDrinkID AS
   SELECT MAX(id) AS MaxOfid FROM Drinks;
 
--- A line costs unitprice / ozperunit * measure, nothing when any of the three is not positive;
--- each line is held to the cent's hundredth before the drink's lines are summed.
+-- A line costs unitprice / ozperunit * measure, nothing when any of the three is not positive,
+-- each line held as currency before the drink's lines are summed. LineCost() is the program's
+-- own rule, registered on every connection it opens, so batch and editor agree to the last digit.
 CREATE VIEW DrinkCost AS
   SELECT R.DrinkID AS DrinkID,
-         SUM(CASE WHEN I.unitprice > 0 AND I.ozperunit > 0 AND R.measure > 0
-                  THEN ROUND(I.unitprice / I.ozperunit * R.measure, 4)
-                  ELSE 0 END) AS Cost
+         ROUND(SUM(LineCost(I.unitprice, I.ozperunit, R.measure)), 4) AS Cost
   FROM DrinkRel R INNER JOIN Ingredients I ON R.IngID = I.id
   GROUP BY R.DrinkID;

@@ -7,6 +7,7 @@
 #include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
 #include "shell/InstanceLink.h"
+#include "shell/ListController.h"
 #include "shell/ShellMessages.h"
 #include "shell/frmAboutBox.h"
 #include "store/DrinkStore.h"
@@ -15,13 +16,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTableView>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -65,21 +64,9 @@ void frmMain::buildWidgets()
     leftLayout->addWidget(pnlLogo);
 
     m_listModel = new DrinkListModel();
-    gridDrinkNames = new QTableView(left);
-    gridDrinkNames->setObjectName(QStringLiteral("gridDrinkNames"));
-    gridDrinkNames->setModel(m_listModel);
-    gridDrinkNames->setColumnHidden(DrinkListModel::IdColumn, true);
-    gridDrinkNames->setSelectionBehavior(QAbstractItemView::SelectRows);
-    gridDrinkNames->setSelectionMode(QAbstractItemView::SingleSelection);
-    gridDrinkNames->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    gridDrinkNames->horizontalHeader()->setStretchLastSection(true);
-    gridDrinkNames->horizontalHeader()->hide();
-    gridDrinkNames->verticalHeader()->hide();
-    gridDrinkNames->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    gridDrinkNames->verticalHeader()->setDefaultSectionSize(gridDrinkNames->fontMetrics().height() + 4);
-    connect(gridDrinkNames->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this] { ShowSelectedDrink(); });
-    leftLayout->addWidget(gridDrinkNames);
+    m_list = new ListController(left, m_listModel);
+    connect(m_list, &ListController::showDrink, this, &frmMain::ShowDrink);
+    leftLayout->addWidget(m_list->widget(), 1);
 
     wbMain = new QTextBrowser(split);
     wbMain->setObjectName(QStringLiteral("wbMain"));
@@ -101,8 +88,7 @@ void frmMain::buildWidgets()
 
     sbMain = new QLabel(this);
     sbMain->setObjectName(QStringLiteral("sbMain"));
-    sbCount = new QLabel(this);
-    sbCount->setObjectName(QStringLiteral("sbCount"));
+    sbCount = m_list->countLabel();
     statusBar()->addWidget(sbMain, 1);
     statusBar()->addPermanentWidget(sbCount);
     resize(960, 640);
@@ -128,6 +114,7 @@ bool frmMain::Form_Load(const QString &commandLine)
     const QString storePath = AppPaths::storeFile();
     try {
         m_store = std::make_unique<DrinkStore>(storePath);
+        m_list->setStore(m_store.get());
         m_facade = std::make_unique<CDrinkFacade>(*m_store, AppPaths::appDir());
     } catch (const StoreError &e) {
         QApplication::restoreOverrideCursor();
@@ -147,8 +134,7 @@ bool frmMain::Form_Load(const QString &commandLine)
         m_facade->setCurrentHTMLTemplateRoot(config.Load(modCorvane::kSettings, QStringLiteral("TemplateRoot"),
                                                          AppPaths::file(QStringLiteral("Templates/"))));
     });
-    searchActive = false;
-    currentListTab = -1;
+    m_list->setSearchActive(false);
     guarded([&] { modCorvane::LoadLastView(state, config); });
     RunCommand(state.currentView > 5 ? 207 : 201 + state.currentView);
 
@@ -233,10 +219,9 @@ void frmMain::RunCommand(int command)
         case 206:
         case 207:
             state.currentView = command - 201;
-            modCorvane::SaveLastView(state, CLocalConfig());
-            loadList(state.currentView == 4   ? QStringLiteral("SELECT ID, Name FROM Drinks WHERE Marked = True ORDER BY Name")
-                     : state.currentView == 5 ? QStringLiteral("SELECT ID, Name FROM Drinks WHERE LiqCab = 1 ORDER BY Name")
-                                              : QStringLiteral("SELECT ID, Name FROM Drinks ORDER BY Name"));
+            // A settings file that cannot be written is reported, and the view opens anyway.
+            guarded([&] { modCorvane::SaveLastView(state, CLocalConfig()); });
+            m_list->openView(command);
             break;
         case 605: {
             frmAboutBox box(this);
@@ -249,23 +234,7 @@ void frmMain::RunCommand(int command)
     });
 }
 
-void frmMain::loadList(const QString &jetSql)
-{
-    m_listModel->load(*m_store, jetSql);
-    if (m_listModel->rowCount() > 0)
-        gridDrinkNames->selectRow(0);
-    else
-        ShowSelectedDrink();
-}
-
-void frmMain::ShowSelectedDrink()
-{
-    const int rows = m_listModel->rowCount();
-    const int row = gridDrinkNames->currentIndex().isValid() ? gridDrinkNames->currentIndex().row() : -1;
-    sbCount->setText(rows == 0 ? QString()
-                               : QStringLiteral("Drink %1 of %2").arg(row + 1).arg(rows));
-    ShowDrink(m_listModel->idAt(row));
-}
+void frmMain::ShowSelectedDrink() { m_list->ShowSelectedDrink(); }
 
 void frmMain::ShowDrink(qint32 drinkID)
 {

@@ -9,9 +9,9 @@ class CDrinkFacade;
 class DrinkListModel;
 class DrinkStore;
 class InstanceLink;
+class ListController;
 class QLabel;
 class QPushButton;
-class QTableView;
 class QTextBrowser;
 
 // The main window: the drink list, the page of the selected drink, and the one dispatcher of
@@ -36,6 +36,7 @@ public:
     CDrinkFacade *drinkFacade() const { return m_facade.get(); }
     bool openedByMap() const { return m_openedByMap; }
     DrinkListModel *listModel() const { return m_listModel; }
+    ListController *list() const { return m_list; }
 
 public slots:
     void cmdDummy_Click();
@@ -45,7 +46,6 @@ protected:
 
 private:
     void buildWidgets();
-    void loadList(const QString &jetSql);
     void ShowDrinkByID(const CommandLineAction &action);
     void ShowDrinkByMapID(const QString &mapId);
     void pnlLogo_Click();
@@ -58,15 +58,13 @@ private:
     std::unique_ptr<CDrinkFacade> m_facade;
     InstanceLink *m_link = nullptr;
     DrinkListModel *m_listModel = nullptr;
+    ListController *m_list = nullptr;
 
-    QTableView *gridDrinkNames = nullptr;
     QTextBrowser *wbMain = nullptr;
     QLabel *sbMain = nullptr;
     QLabel *sbCount = nullptr;
     QPushButton *cmdDummy = nullptr;
     QPushButton *pnlLogo = nullptr;
 
-    short currentListTab = -1;
-    bool searchActive = false;
     bool m_openedByMap = false;
 };

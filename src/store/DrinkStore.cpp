@@ -1,7 +1,7 @@
 #include "store/DrinkStore.h"
 
 #include "store/JetDialect.h"
-#include "store/JetLike.h"
+#include "store/StoreFunctions.h"
 #include "store/StoreError.h"
 
 #include <QAtomicInt>
@@ -50,7 +50,7 @@ DrinkStore::DrinkStore(const QString &path) : m_path(path)
         const QVariant handle = db.driver()->handle();
         if (handle.isValid() && qstrcmp(handle.typeName(), "sqlite3*") == 0) {
             if (auto *h = *static_cast<sqlite3 *const *>(handle.data()))
-                registerJetLike(h);
+                registerStoreFunctions(h);
         }
     } catch (const StoreError &e) {
         db.close();

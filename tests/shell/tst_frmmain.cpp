@@ -5,6 +5,8 @@
 #include "base/modCorvane.h"
 #include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
+#include "presentation/ListSql.h"
+#include "shell/ListController.h"
 #include "shell/frmAboutBox.h"
 #include "shell/frmMain.h"
 #include "store/DrinkStore.h"
@@ -14,6 +16,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableView>
 #include <QTextBrowser>
 #include <QTimer>
@@ -64,6 +67,13 @@ void tst_FrmMain::startsOnLastView()
     frmMain w;
     QVERIFY(w.Form_Load(QString()));
     QCOMPARE(modCorvane::state().currentView, 4);
+    QVERIFY(w.findChild<QRadioButton *>(QStringLiteral("ssoptMarked"))->isChecked());
+    QCOMPARE(w.list()->listStatement(), BuildListSQL(4, 0, false, true));
+    QVERIFY(!w.findChild<QWidget *>(QStringLiteral("txtQuickSearch"))->isVisibleTo(&w));
+    // The tab of the marked drink's first letter lists it alone.
+    const QString name = book.store().scalar(QStringLiteral("SELECT Name FROM Drinks WHERE ID = 2")).toString();
+    const int tab = name[0].toUpper().unicode() - 64;
+    QTest::mouseClick(w.findChild<QLabel *>(QStringLiteral("pnlListSet%1").arg(tab)), Qt::LeftButton);
     QCOMPARE(w.listModel()->rowCount(), 1);
     QCOMPARE(w.listModel()->idAt(0), 2);
     QCOMPARE(w.findChild<QLabel *>(QStringLiteral("sbCount"))->text(), QStringLiteral("Drink 1 of 1"));
