@@ -7,6 +7,7 @@
 #include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
 #include "shell/InstanceLink.h"
+#include "shell/CommandPanels.h"
 #include "shell/ListController.h"
 #include "shell/ShellMessages.h"
 #include "shell/frmAboutBox.h"
@@ -15,6 +16,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -47,6 +49,11 @@ frmMain::~frmMain()
 void frmMain::buildWidgets()
 {
     auto *central = new QWidget(this);
+    pnlCommands = new CommandPanels(central, central);
+    pnlCommands->setStateSource([] { return modCorvane::state().currentView; },
+                                [this] { return m_facade && m_facade->currentDrinkMark(); });
+    connect(pnlCommands, &CommandPanels::command, this, &frmMain::RunCommand);
+    connect(pnlCommands, &CommandPanels::hint, this, [this](const QString &text) { sbMain->setText(text); });
     auto *split = new QSplitter(Qt::Horizontal, central);
     split->setObjectName(QStringLiteral("splitMain"));
 
@@ -61,11 +68,13 @@ void frmMain::buildWidgets()
     logoFont.setBold(true);
     pnlLogo->setFont(logoFont);
     connect(pnlLogo, &QPushButton::clicked, this, &frmMain::pnlLogo_Click);
+    pnlLogo->setToolTip(QStringLiteral("About Corvane"));
     leftLayout->addWidget(pnlLogo);
 
     m_listModel = new DrinkListModel();
     m_list = new ListController(left, m_listModel);
     connect(m_list, &ListController::showDrink, this, &frmMain::ShowDrink);
+    connect(m_list, &ListController::closePanels, pnlCommands, &CommandPanels::CloseCommandPopup);
     leftLayout->addWidget(m_list->widget(), 1);
 
     wbMain = new QTextBrowser(split);
@@ -83,7 +92,8 @@ void frmMain::buildWidgets()
 
     auto *layout = new QHBoxLayout(central);
     layout->setContentsMargins(4, 4, 4, 4);
-    layout->addWidget(split);
+    layout->addWidget(pnlCommands);
+    layout->addWidget(split, 1);
     setCentralWidget(central);
 
     sbMain = new QLabel(this);
@@ -94,7 +104,7 @@ void frmMain::buildWidgets()
     resize(960, 640);
 }
 
-template <typename F> bool frmMain::guarded(F &&f)
+bool frmMain::guarded(const std::function<void()> &f)
 {
     try {
         f();
@@ -145,6 +155,7 @@ bool frmMain::Form_Load(const QString &commandLine)
         cmdDummy_Click();
     });
     m_link->listen(AppPaths::appDir());
+    qApp->installEventFilter(this);
 
     show();
     QApplication::restoreOverrideCursor();
@@ -203,37 +214,6 @@ void frmMain::ShowDrinkByMapID(const QString &mapId)
     m_openedByMap = true;
 }
 
-void frmMain::RunCommand(int command)
-{
-    auto &state = modCorvane::state();
-    guarded([&] {
-        switch (command) {
-        case 6:
-            QApplication::exit(0);
-            break;
-        case 201:
-        case 202:
-        case 203:
-        case 204:
-        case 205:
-        case 206:
-        case 207:
-            state.currentView = command - 201;
-            // A settings file that cannot be written is reported, and the view opens anyway.
-            guarded([&] { modCorvane::SaveLastView(state, CLocalConfig()); });
-            m_list->openView(command);
-            break;
-        case 605: {
-            frmAboutBox box(this);
-            box.exec();
-            break;
-        }
-        default:
-            break;
-        }
-    });
-}
-
 void frmMain::ShowSelectedDrink() { m_list->ShowSelectedDrink(); }
 
 void frmMain::ShowDrink(qint32 drinkID)
@@ -243,6 +223,7 @@ void frmMain::ShowDrink(qint32 drinkID)
 
 void frmMain::pnlLogo_Click()
 {
+    pnlCommands->CloseCommandPopup();
     if (m_openedByMap)
         setWindowState(windowState() | Qt::WindowMinimized);
 }
@@ -260,4 +241,37 @@ void frmMain::closeEvent(QCloseEvent *event)
     // Everything was written when it changed: closing ends the program with no question.
     event->accept();
     QApplication::exit(0);
+}
+
+bool frmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *widget = qobject_cast<QWidget *>(watched);
+    if (!widget || widget->window() != this)
+        return QMainWindow::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonPress) {
+        // A click anywhere but on the command column or the pop-up closes the pop-up.
+        if (pnlCommands->popupOpen() && !pnlCommands->ownsWidget(widget))
+            pnlCommands->CloseCommandPopup();
+    } else if (event->type() == QEvent::KeyPress) {
+        // The window sees every key before its controls do, as its shortcuts always have.
+        if (Form_KeyDown(static_cast<QKeyEvent *>(event)))
+            return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+bool frmMain::Form_KeyDown(QKeyEvent *event)
+{
+    const Qt::KeyboardModifiers shift = event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    if (shift != Qt::ControlModifier) {
+        // Any key without Ctrl closes an open pop-up and does nothing else.
+        if (pnlCommands->popupOpen())
+            pnlCommands->hidePopup();
+        return false;
+    }
+    const int command = Commands::commandForCtrlKey(event->key(), event->modifiers() & Qt::KeypadModifier);
+    if (command == 0)
+        return false;
+    RunCommand(command);
+    return true;
 }

@@ -1,15 +1,18 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 
 #include "base/CommandLine.h"
 
 class CDrinkFacade;
+class CommandPanels;
 class DrinkListModel;
 class DrinkStore;
 class InstanceLink;
 class ListController;
+class QKeyEvent;
 class QLabel;
 class QPushButton;
 class QTextBrowser;
@@ -43,16 +46,24 @@ public slots:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void buildWidgets();
     void ShowDrinkByID(const CommandLineAction &action);
     void ShowDrinkByMapID(const QString &mapId);
     void pnlLogo_Click();
+    bool Form_KeyDown(QKeyEvent *event);
+    // The list row's drink for the commands that act on it; false when the list is empty.
+    bool selectedDrink(qint32 &id, QString &name) const;
+    void DeleteDrink();
+    void CopyToClipboard(bool append);
+    void MarkAll(bool mark);
+    void OpenHelp(int command);
     void bringForward();
     // Runs a piece of a command; an error nothing else handles is shown with the engine's or
     // the settings' own text, and the program goes on.
-    template <typename F> bool guarded(F &&f);
+    bool guarded(const std::function<void()> &f);
 
     std::unique_ptr<DrinkStore> m_store;
     std::unique_ptr<CDrinkFacade> m_facade;
@@ -65,6 +76,7 @@ private:
     QLabel *sbCount = nullptr;
     QPushButton *cmdDummy = nullptr;
     QPushButton *pnlLogo = nullptr;
+    CommandPanels *pnlCommands = nullptr;
 
     bool m_openedByMap = false;
 };

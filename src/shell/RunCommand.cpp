@@ -1,0 +1,153 @@
+// The one dispatcher of numbered commands: the pop-up entries, the Ctrl shortcuts and the
+// start itself all come through here.
+#include "shell/frmMain.h"
+
+#include "base/AppPaths.h"
+#include "base/CLocalConfig.h"
+#include "base/modCorvane.h"
+#include "presentation/CDrinkFacade.h"
+#include "presentation/DrinkListModel.h"
+#include "shell/CommandPanels.h"
+#include "shell/ListController.h"
+#include "shell/frmAboutBox.h"
+#include "store/DrinkStore.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QTableView>
+#include <QUrl>
+
+void frmMain::RunCommand(int command)
+{
+    pnlCommands->CloseCommandPopup();
+    auto &state = modCorvane::state();
+    guarded([&] {
+        switch (command) {
+        case 6:
+            QApplication::exit(0);
+            break;
+        case 104:
+            DeleteDrink();
+            break;
+        case 105:
+        case 106:
+            CopyToClipboard(command == 106);
+            break;
+        case 201:
+        case 202:
+        case 203:
+        case 204:
+        case 205:
+        case 206:
+        case 207:
+            state.currentView = command - 201;
+            // A settings file that cannot be written is reported, and the view opens anyway.
+            guarded([&] { modCorvane::SaveLastView(state, CLocalConfig()); });
+            m_list->openView(command);
+            break;
+        case 308:
+            m_list->setSearchActive(false);
+            m_list->reloadWithCurrentTab();
+            break;
+        case 401:
+            m_facade->SetDrinkMark(!m_facade->currentDrinkMark(), 0);
+            ShowSelectedDrink();
+            break;
+        case 402:
+        case 403:
+            MarkAll(command == 402);
+            break;
+        case 601:
+        case 602:
+        case 603:
+        case 604:
+            OpenHelp(command);
+            break;
+        case 605: {
+            frmAboutBox box(this);
+            box.exec();
+            break;
+        }
+        default:
+            break;
+        }
+    });
+    // RepaintListControls: Qt repaints on its own once the command returns.
+    m_list->widget()->update();
+}
+
+bool frmMain::selectedDrink(qint32 &id, QString &name) const
+{
+    const QModelIndex current = m_list->grid()->currentIndex();
+    id = 0;
+    name.clear();
+    if (m_listModel->rowCount() == 0)
+        return false;
+    const int row = current.isValid() ? current.row() : 0;
+    id = m_listModel->idAt(row);
+    name = m_listModel->nameAt(row);
+    return true;
+}
+
+void frmMain::DeleteDrink()
+{
+    qint32 id = 0;
+    QString name;
+    if (!selectedDrink(id, name))
+        return;
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Delete Drink"),
+                    QStringLiteral("Are you sure you want to delete \"%1\"?\nThis cannot be undone.").arg(name),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
+    if (box.exec() != QMessageBox::Yes)
+        return;
+    removeDrink(*m_store, id);
+    m_list->reloadWithCurrentTab();
+}
+
+void frmMain::CopyToClipboard(bool append)
+{
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    // The text already there is read first; an empty list copies the text of no drink.
+    const QString before = append ? clipboard->text() : QString();
+    qint32 id = 0;
+    QString name;
+    selectedDrink(id, name);
+    const QString text = before + m_facade->drinkAsPlainText(id);
+    clipboard->clear();
+    clipboard->setText(text);
+}
+
+void frmMain::MarkAll(bool mark)
+{
+    // Works on the rows of the list on screen, "Unmark All" included.
+    const QModelIndex current = m_list->grid()->currentIndex();
+    if (!current.isValid())
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    try {
+        ScopedTransaction tx(*m_store);
+        for (qint32 id : m_listModel->ids())
+            m_facade->SetDrinkMark(mark, id);
+        tx.commit();
+    } catch (...) {
+        QApplication::restoreOverrideCursor();
+        throw;
+    }
+    m_list->grid()->setCurrentIndex(current);
+    ShowSelectedDrink();
+    QApplication::restoreOverrideCursor();
+}
+
+void frmMain::OpenHelp(int command)
+{
+    // The guide, its index, the beer guide and the liquor glossary, opened in the desktop's viewer.
+    const QString file = command == 603   ? QStringLiteral("help/beer-guide.html")
+                         : command == 604 ? QStringLiteral("help/liquor-glossary.html")
+                                          : QStringLiteral("help/corvane-guide.html");
+    QUrl url = QUrl::fromLocalFile(AppPaths::file(file));
+    if (command == 602)
+        url.setFragment(QStringLiteral("index"));
+    QDesktopServices::openUrl(url);
+}
