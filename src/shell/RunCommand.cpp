@@ -143,11 +143,13 @@ void frmMain::MarkAll(bool mark)
 void frmMain::OpenHelp(int command)
 {
     // The guide, its index, the beer guide and the liquor glossary, opened in the desktop's viewer.
-    const QString file = command == 603   ? QStringLiteral("help/beer-guide.html")
-                         : command == 604 ? QStringLiteral("help/liquor-glossary.html")
-                                          : QStringLiteral("help/corvane-guide.html");
+    const QString file = command == 603   ? QStringLiteral("beer-guide.html")
+                         : command == 604 ? QStringLiteral("liquor-glossary.html")
+                                          : QStringLiteral("corvane-guide.html");
     QUrl url = QUrl::fromLocalFile(AppPaths::file(file));
-    if (command == 602)
+    if (command == 601)
+        url.setFragment(QStringLiteral("contents"));
+    else if (command == 602)
         url.setFragment(QStringLiteral("index"));
     QDesktopServices::openUrl(url);
 }

@@ -6,10 +6,8 @@
 
 #include <QAtomicInt>
 #include <QFileInfo>
-#include <QSqlDriver>
 #include <QSqlError>
 #include <QStringList>
-#include <sqlite3.h>
 
 namespace {
 
@@ -47,11 +45,7 @@ DrinkStore::DrinkStore(const QString &path) : m_path(path)
         QSqlQuery pragma(db);
         pragma.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
         pragma.exec(QStringLiteral("PRAGMA synchronous=NORMAL"));
-        const QVariant handle = db.driver()->handle();
-        if (handle.isValid() && qstrcmp(handle.typeName(), "sqlite3*") == 0) {
-            if (auto *h = *static_cast<sqlite3 *const *>(handle.data()))
-                registerStoreFunctions(h);
-        }
+        registerStoreFunctions(db);
     } catch (const StoreError &e) {
         db.close();
         db = QSqlDatabase();

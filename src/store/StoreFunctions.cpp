@@ -3,6 +3,8 @@
 #include "base/LineCost.h"
 #include "store/JetLike.h"
 
+#include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QString>
 #include <sqlite3.h>
 
@@ -37,4 +39,16 @@ void registerStoreFunctions(sqlite3 *db)
     registerJetLike(db);
     sqlite3_create_function(db, "LineCost", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, lineCostFunction,
                             nullptr, nullptr);
+}
+
+bool registerStoreFunctions(const QSqlDatabase &db)
+{
+    const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
+    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
+        return false;
+    auto *h = *static_cast<sqlite3 *const *>(handle.data());
+    if (!h)
+        return false;
+    registerStoreFunctions(h);
+    return true;
 }

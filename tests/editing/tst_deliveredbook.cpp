@@ -7,6 +7,8 @@
 #include "pricing/PriceRules.h"
 
 #include <QFile>
+#include "store/StoreFunctions.h"
+
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTest>
@@ -46,6 +48,7 @@ void tst_DeliveredBook::initTestCase()
     m_db.setDatabaseName(Store);
     m_db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
     QVERIFY(m_db.open());
+    QVERIFY(registerStoreFunctions(m_db));
 }
 
 void tst_DeliveredBook::linesAreTheEditors()
