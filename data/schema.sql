@@ -20,6 +20,10 @@ CREATE TABLE Drinks (
   DrinkType     INTEGER
 );
 CREATE INDEX Name ON Drinks (Name);
+-- The lists by glass, mark and cabinet read these in name order without touching other drinks.
+CREATE INDEX DrinksGlassName ON Drinks (GlassType, Name);
+CREATE INDEX DrinksMarkedName ON Drinks (Marked, Name);
+CREATE INDEX DrinksLiqCabName ON Drinks (LiqCab, Name);
 
 CREATE TABLE DrinkRel (
   DrinkID      INTEGER,

@@ -1,6 +1,8 @@
 #include "presentation/CDrinkFacade.h"
 
 #include "base/Cp1252.h"
+#include "base/modCorvane.h"
+#include "presentation/DrinkPage.h"
 #include "store/DrinkStore.h"
 
 #include <QFile>
@@ -21,6 +23,7 @@ CDrinkFacade::CDrinkFacade(DrinkStore &store, const QString &appDir)
       m_garnish(store.prepare(QStringLiteral("SELECT Name FROM Garnish WHERE id = ?"))),
       m_build(store.prepare(QStringLiteral("SELECT Name FROM Build WHERE id = ?"))),
       m_rating(store.prepare(QStringLiteral("SELECT Name FROM Ratings WHERE RatingID = ?"))),
+      m_appDir(appDir),
       m_imageArchivePath(appDir + QStringLiteral("/Corvane.cvi"))
 {
     moveFirst();
@@ -90,6 +93,16 @@ QString CDrinkFacade::drinkAsPlainText(qint32 drinkID)
     if (!field(QStringLiteral("GarnishID")).isNull())
         out += QStringLiteral("Garnish: ") + GetGarnishName() + kCrLf + kCrLf;
     return out;
+}
+
+QString CDrinkFacade::drinkAsHTML(qint32 drinkID)
+{
+    DrinkPageBuilder page(*this, m_store, modCorvane::state());
+    if (!seekForOutput(drinkID))
+        return page.GetBlankPage();
+    if (m_templateText.isEmpty())
+        return page.GetNoTemplatePage();
+    return page.BuildDrinkPage();
 }
 
 QSqlQuery CDrinkFacade::currentDrinkIngredients() { return linesOf(field(QStringLiteral("id")), false); }

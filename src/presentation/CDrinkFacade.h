@@ -13,10 +13,14 @@ class DrinkStore;
 // drink: every drinkAs... call moves it to the drink asked for.
 class CDrinkFacade {
 public:
-    // appDir: where the image archive lies. Throws StoreError when a table it reads is empty.
+    // appDir: where the image archive lies and the page's pictures are written. Throws
+    // StoreError when a table it reads is empty.
     CDrinkFacade(DrinkStore &store, const QString &appDir);
 
     QString drinkAsPlainText(qint32 drinkID);
+    // The drink page: the blank page for no such drink, the no-template page without a
+    // template, else the template filled from the drink. Writes the page's glass picture.
+    QString drinkAsHTML(qint32 drinkID);
 
     // The current drink's lines, in their order; the caller iterates it.
     QSqlQuery currentDrinkIngredients();
@@ -32,6 +36,7 @@ public:
     void setCurrentHTMLTemplateRoot(const QString &path);
     QString templateText() const { return m_templateText; }
     QString imageArchivePath() const { return m_imageArchivePath; }
+    QString appDir() const { return m_appDir; }
 
     void SetDrinkMark(bool mark, qint32 drinkID);
 
@@ -72,5 +77,5 @@ private:
     QSqlRecord m_record;
     bool m_onRecord = false;
     QSqlQuery m_seekDrink, m_firstDrink, m_glass, m_garnish, m_build, m_rating;
-    QString m_templatePath, m_templateRoot, m_templateText, m_imageArchivePath;
+    QString m_appDir, m_templatePath, m_templateRoot, m_templateText, m_imageArchivePath;
 };

@@ -6,6 +6,7 @@
 #include "exchange/MapFile.h"
 #include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
+#include "presentation/PageFiles.h"
 #include "shell/InstanceLink.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
@@ -21,6 +22,8 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QUrl>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTextBrowser>
@@ -218,7 +221,28 @@ void frmMain::ShowSelectedDrink() { m_list->ShowSelectedDrink(); }
 
 void frmMain::ShowDrink(qint32 drinkID)
 {
-    guarded([&] { wbMain->setPlainText(m_facade->drinkAsPlainText(drinkID)); });
+    if (!m_facade)
+        return;
+    guarded([&] {
+        const QString html = m_facade->drinkAsHTML(drinkID);
+        QString error;
+        if (PageFiles::writePageFile(AppPaths::appDir(), html, &error).isEmpty())
+            sbMain->setText(error); // the page still shows; only its file could not be kept
+        showPage(html);
+    });
+}
+
+void frmMain::showPage(const QString &html)
+{
+    // The page view wants "&nbsp;" where the page has always written "&nbsp"; the page file
+    // itself keeps the text as built.
+    static const QRegularExpression bareNbsp(QStringLiteral("&nbsp(?![;a-zA-Z0-9])"));
+    QString shown = html;
+    shown.replace(bareNbsp, QStringLiteral("&nbsp;"));
+    // A fresh document forgets the pictures of the last page: the glass files are reused.
+    wbMain->clear();
+    wbMain->document()->setBaseUrl(QUrl::fromLocalFile(AppPaths::appDir() + u'/'));
+    wbMain->setHtml(shown);
 }
 
 void frmMain::pnlLogo_Click()

@@ -53,6 +53,7 @@ private:
     void ShowDrinkByID(const CommandLineAction &action);
     void ShowDrinkByMapID(const QString &mapId);
     void pnlLogo_Click();
+    void showPage(const QString &html);
     bool Form_KeyDown(QKeyEvent *event);
     // The list row's drink for the commands that act on it; false when the list is empty.
     bool selectedDrink(qint32 &id, QString &name) const;

@@ -1,0 +1,229 @@
+#include "StoreGenerator.h"
+
+#include "editing/Measures.h"
+#include "editing/StarterBookWriter.h"
+#include "presentation/CDrinkFacade.h"
+#include "presentation/DrinkListModel.h"
+#include "presentation/ListSql.h"
+#include "store/DrinkStore.h"
+
+#include <QFile>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+constexpr int Drinks = 300;
+
+QString storeOf(const QTemporaryDir &dir)
+{
+    return dir.filePath(QStringLiteral("drinks.db"));
+}
+
+// Every row of every table, in key order, as text.
+QStringList dump(const QString &path)
+{
+    DrinkStore store(path);
+    QStringList rows;
+    QSqlQuery tables = store.select(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' "
+                                                   "AND name NOT LIKE 'sqlite%' ORDER BY name"));
+    QStringList names;
+    while (tables.next())
+        names << tables.value(0).toString();
+    for (const QString &table : names) {
+        QSqlQuery q = store.select(QStringLiteral("SELECT * FROM ") + table + QStringLiteral(" ORDER BY rowid"));
+        while (q.next()) {
+            QStringList values{table};
+            for (int i = 0; i < q.record().count(); ++i)
+                values << q.value(i).toString();
+            rows << values.join(u'|');
+        }
+    }
+    return rows;
+}
+
+} // namespace
+
+class tst_StoreGenerator : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        StoreGenerator::generate(m_dir.path(), {Drinks, 7});
+    }
+
+    void sameSeedGivesTheSameRows()
+    {
+        QTemporaryDir again, other;
+        StoreGenerator::generate(again.path(), {Drinks, 7});
+        StoreGenerator::generate(other.path(), {Drinks, 8});
+        const QStringList rows = dump(storeOf(m_dir));
+        QCOMPARE(dump(storeOf(again)), rows);
+        QVERIFY(dump(storeOf(other)) != rows);
+    }
+
+    // Each query counts the rows that break a rule of a well-formed store; all must be 0.
+    void rulesHold_data()
+    {
+        QTest::addColumn<QString>("violations");
+        QTest::newRow("drink count") << QStringLiteral("SELECT COUNT(*) - 300 FROM Drinks");
+        QTest::newRow("2 to 9 lines") << QStringLiteral(
+            "SELECT COUNT(*) FROM (SELECT D.id, COUNT(R.DrinkID) AS n FROM Drinks D "
+            "LEFT JOIN DrinkRel R ON R.DrinkID = D.id GROUP BY D.id) WHERE n < 2 OR n > 9");
+        QTest::newRow("lines numbered from 1") << QStringLiteral(
+            "SELECT COUNT(*) FROM (SELECT DrinkID, MIN(seq) AS lo, MAX(seq) AS hi, COUNT(*) AS n FROM DrinkRel "
+            "GROUP BY DrinkID) WHERE lo <> 1 OR hi <> n");
+        QTest::newRow("an ingredient once per drink") << QStringLiteral(
+            "SELECT COUNT(*) FROM (SELECT DrinkID, IngID FROM DrinkRel GROUP BY DrinkID, IngID HAVING COUNT(*) > 1)");
+        QTest::newRow("1 to 3 categories")
+            << QStringLiteral("SELECT COUNT(*) FROM (SELECT D.id, COUNT(R.DrinkID) AS n FROM Drinks D "
+                              "LEFT JOIN DrinkTypeRel R ON R.DrinkID = D.id GROUP BY D.id) WHERE n < 1 OR n > 3");
+        QTest::newRow("categories exist")
+            << QStringLiteral("SELECT COUNT(*) FROM DrinkTypeRel R LEFT JOIN DrinkTypes T ON T.TypeID = R.DrinkTypeID "
+                              "WHERE T.TypeID IS NULL");
+        QTest::newRow("glass 1 to 24") << QStringLiteral(
+            "SELECT COUNT(*) FROM Drinks D LEFT JOIN Glassware G ON G.GlassID = D.GlassType "
+            "WHERE D.GlassType NOT BETWEEN 1 AND 24 OR D.GlassType IS NULL OR G.GlassID IS NULL");
+        QTest::newRow("names unique") << QStringLiteral("SELECT COUNT(*) - COUNT(DISTINCT Name) FROM Drinks");
+        QTest::newRow("ingredients of lines exist") << QStringLiteral(
+            "SELECT COUNT(*) FROM DrinkRel R LEFT JOIN Ingredients I ON I.id = R.IngID WHERE I.id IS NULL");
+        QTest::newRow("2,000 ingredients") << QStringLiteral("SELECT COUNT(*) - 2000 FROM Ingredients");
+        QTest::newRow("ingredient types exist")
+            << QStringLiteral("SELECT COUNT(*) FROM Ingredients I LEFT JOIN IngTypes T ON T.IngTypeID = I.Type "
+                              "WHERE T.IngTypeID IS NULL");
+        QTest::newRow("sub types belong to the type") << QStringLiteral(
+            "SELECT COUNT(*) FROM Ingredients I LEFT JOIN IngSubTypes S ON S.IngSubTypeID = I.SubType "
+            "WHERE I.SubType <> 0 AND (S.IngSubTypeID IS NULL OR S.IngTypeID <> I.Type)");
+        QTest::newRow("Unknown / Other") << QStringLiteral(
+            "SELECT 1 - COUNT(*) FROM DrinkTypes WHERE TypeID = 0 AND Type = 'Unknown / Other'");
+        QTest::newRow("Undefined") << QStringLiteral(
+            "SELECT 1 - COUNT(*) FROM IngTypes WHERE IngTypeID = 0 AND IngType = 'Undefined'");
+        QTest::newRow("scheme 64") << QStringLiteral("SELECT 1 - COUNT(*) FROM ColorSchemes WHERE id = 64");
+        QTest::newRow("price settings") << QStringLiteral(
+            "SELECT 5 - COUNT(*) FROM Constants WHERE Var IN ('MarkupOpt', 'MarkupPct', 'ApplyZero', 'RoundTo', "
+            "'MinPrice')");
+        QTest::newRow("builds, garnishes, ratings exist") << QStringLiteral(
+            "SELECT COUNT(*) FROM Drinks D LEFT JOIN Build B ON B.id = D.BuildID "
+            "LEFT JOIN Garnish G ON G.id = D.GarnishID LEFT JOIN Ratings R ON R.RatingID = D.RatingID "
+            "WHERE B.id IS NULL OR R.RatingID IS NULL OR (D.GarnishID IS NOT NULL AND G.id IS NULL)");
+        // As the cabinet scan leaves it: 1 exactly where every line's ingredient is owned.
+        QTest::newRow("LiqCab from Selected")
+            << QStringLiteral("SELECT COUNT(*) FROM Drinks D WHERE D.LiqCab <> (NOT EXISTS (SELECT 1 FROM DrinkRel R "
+                              "JOIN Ingredients I ON I.id = R.IngID WHERE R.DrinkID = D.id AND I.Selected = 0))");
+        QTest::newRow("search results name their drinks") << QStringLiteral(
+            "SELECT COUNT(*) FROM SearchResults S LEFT JOIN Drinks D ON D.id = S.ID WHERE D.Name IS NOT S.Name");
+    }
+
+    void rulesHold()
+    {
+        QFETCH(QString, violations);
+        DrinkStore store(storeOf(m_dir));
+        QCOMPARE(store.scalar(violations).toInt(), 0);
+    }
+
+    // Without these the views of marks, the cabinet and search mode would list nothing.
+    void everyKindOfListHasRows_data()
+    {
+        QTest::addColumn<QString>("count");
+        QTest::newRow("marked") << QStringLiteral("SELECT COUNT(*) FROM Drinks WHERE Marked = 1");
+        QTest::newRow("in the cabinet") << QStringLiteral("SELECT COUNT(*) FROM Drinks WHERE LiqCab = 1");
+        QTest::newRow("search results") << QStringLiteral("SELECT COUNT(*) FROM SearchResults");
+        QTest::newRow("names sharing a prefix") << QStringLiteral(
+            "SELECT COUNT(*) FROM Drinks A, Drinks B WHERE substr(B.Name, 1, length(A.Name) + 1) = A.Name || ' '");
+        QTest::newRow("lines costing nothing") << QStringLiteral("SELECT COUNT(*) FROM DrinkRel WHERE measure = 0");
+        QTest::newRow("unpriced drinks") << QStringLiteral("SELECT COUNT(*) FROM GetZeroPriceDrinks");
+        QTest::newRow("locked prices") << QStringLiteral("SELECT COUNT(*) FROM Drinks WHERE LockPrice = 1");
+    }
+
+    void everyKindOfListHasRows()
+    {
+        QFETCH(QString, count);
+        DrinkStore store(storeOf(m_dir));
+        QVERIFY(store.scalar(count).toInt() > 0);
+    }
+
+    // Each stored line must be what the editor would have stored for some typed amount and
+    // measure: the English text names the measure, and the metric text and ounces follow.
+    void linesFollowTheMeasureFunctions()
+    {
+        DrinkStore store(storeOf(m_dir));
+        QSqlQuery q = store.select(QStringLiteral("SELECT DISTINCT amount, MetricAmount, measure FROM DrinkRel"));
+        int forms = 0;
+        while (q.next()) {
+            ++forms;
+            const QString amount = q.value(0).toString(), metric = q.value(1).toString();
+            const float ounces = q.value(2).toFloat();
+            const QString typed = amount.section(u' ', 0, 0);
+            bool explained = false;
+            for (const QString &measure : EditorMeasureNames()) {
+                for (const QString &a : {typed, QString()}) {
+                    if (GetAmountText(a, measure) == amount && GetMetricAmountText(a, measure) == metric &&
+                        GetOunces(a, measure) == ounces)
+                        explained = true;
+                }
+            }
+            QVERIFY2(explained, qPrintable(QStringLiteral("%1 | %2 | %3").arg(amount, metric).arg(ounces)));
+        }
+        QVERIFY(forms > 20);
+    }
+
+    void costIsWhatTheDrinkCostQueryGives()
+    {
+        QCOMPARE(StarterBookWriter::compareWithDrinkCostQuery(storeOf(m_dir)), QStringList());
+    }
+
+    void theProgramReadsTheStore()
+    {
+        DrinkStore store(storeOf(m_dir));
+        DrinkListModel list;
+        list.load(store, BuildListSQL(6, 0, false, false));
+        QCOMPARE(list.rowCount(), Drinks);
+
+        CDrinkFacade facade(store, m_dir.path());
+        const qint32 id = list.idAt(Drinks / 2);
+        const QString text = facade.drinkAsPlainText(id);
+        QVERIFY(text.startsWith(list.nameAt(Drinks / 2) + QStringLiteral("\r\n\r\n")));
+        QSqlQuery lines = store.select(QStringLiteral("SELECT amount, Ingredient FROM DrinkIngredients "
+                                                      "WHERE DrinkID = ") +
+                                       QString::number(id));
+        while (lines.next())
+            QVERIFY(
+                text.contains(lines.value(0).toString() + u' ' + lines.value(1).toString() + QStringLiteral("\r\n")));
+        QVERIFY(text.contains(QStringLiteral("Price: ")));
+    }
+
+    void everyLetterTabHasDrinks()
+    {
+        QTemporaryDir dir;
+        StoreGenerator::generate(dir.path(), {3000, 1});
+        DrinkStore store(storeOf(dir));
+        DrinkListModel list;
+        for (int tab = 0; tab <= 26; ++tab) {
+            list.load(store, BuildListSQL(0, tab, false, false));
+            QVERIFY2(list.rowCount() > 0, qPrintable(QStringLiteral("tab %1").arg(tab)));
+        }
+    }
+
+    void aStoreIsReusedOnlyForTheSameOptions()
+    {
+        QTemporaryDir dir;
+        QVERIFY(StoreGenerator::ensure(dir.path(), {50, 1}));
+        QVERIFY(!StoreGenerator::ensure(dir.path(), {50, 1}));
+        QVERIFY(StoreGenerator::ensure(dir.path(), {50, 2}));
+        QVERIFY(StoreGenerator::ensure(dir.path(), {60, 2}));
+        QCOMPARE(DrinkStore(storeOf(dir)).scalar(QStringLiteral("SELECT COUNT(*) FROM Drinks")).toInt(), 60);
+        QVERIFY(QFile::remove(storeOf(dir)));
+        QVERIFY(!StoreGenerator::isCurrent(dir.path(), {60, 2}));
+        QVERIFY(StoreGenerator::ensure(dir.path(), {60, 2}));
+    }
+
+private:
+    QTemporaryDir m_dir;
+};
+
+QTEST_GUILESS_MAIN(tst_StoreGenerator)
+#include "tst_storegenerator.moc"
