@@ -43,6 +43,11 @@ ConfigError::ConfigError(quint32 number, const QString &text)
 {
 }
 
+QString ConfigError::displayText() const
+{
+    return QStringLiteral("Run-time error '%1 (%2)':\n\n%3").arg(qint32(m_number)).arg(QString::number(m_number, 16), m_text);
+}
+
 CLocalConfig::CLocalConfig() : m_file(AppPaths::settingsFile()) {}
 
 CLocalConfig::CLocalConfig(const QString &settingsFile) : m_file(settingsFile) {}

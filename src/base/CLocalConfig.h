@@ -9,6 +9,8 @@ public:
     ConfigError(quint32 number, const QString &text);
     quint32 number() const { return m_number; }
     QString text() const { return m_text; }
+    // Shown the way the program always has shown an error no handler took: number and text.
+    QString displayText() const;
 
 private:
     quint32 m_number;

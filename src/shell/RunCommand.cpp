@@ -7,9 +7,13 @@
 #include "base/modCorvane.h"
 #include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
+#include "search/SearchDialogs.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
+#include "shell/MainScheme.h"
 #include "shell/frmAboutBox.h"
+#include "shell/frmColorScheme.h"
+#include "shell/frmOptions.h"
 #include "store/DrinkStore.h"
 
 #include <QApplication>
@@ -47,6 +51,18 @@ void frmMain::RunCommand(int command)
             guarded([&] { modCorvane::SaveLastView(state, CLocalConfig()); });
             m_list->openView(command);
             break;
+        case 301:
+        case 302:
+        case 303:
+        case 304:
+        case 305:
+        case 306:
+        case 307:
+            if (ShowSearchDialog(command, *m_store, *m_facade, this)) {
+                m_list->setSearchActive(true);
+                m_list->reloadWithCurrentTab();
+            }
+            break;
         case 308:
             m_list->setSearchActive(false);
             m_list->reloadWithCurrentTab();
@@ -59,6 +75,19 @@ void frmMain::RunCommand(int command)
         case 403:
             MarkAll(command == 402);
             break;
+        case 508: {
+            frmOptions dlg(state, this);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
+        case 509: {
+            frmColorScheme dlg(*m_store, state, this);
+            dlg.exec();
+            ApplySchemeToMain(this);
+            ShowSelectedDrink();
+            break;
+        }
         case 601:
         case 602:
         case 603:

@@ -9,8 +9,12 @@
 #include "presentation/PageFiles.h"
 #include "shell/InstanceLink.h"
 #include "shell/CommandPanels.h"
+#include "shell/MainScheme.h"
+#include "base/Options.h"
+#include "store/ColorSchemes.h"
 #include "shell/ListController.h"
 #include "shell/ShellMessages.h"
+#include "widgets/HandlerGuard.h"
 #include "shell/frmAboutBox.h"
 #include "store/DrinkStore.h"
 #include "store/StoreError.h"
@@ -107,18 +111,7 @@ void frmMain::buildWidgets()
     resize(960, 640);
 }
 
-bool frmMain::guarded(const std::function<void()> &f)
-{
-    try {
-        f();
-        return true;
-    } catch (const StoreError &e) {
-        QMessageBox::critical(this, QStringLiteral("Corvane"), e.engineText());
-    } catch (const ConfigError &e) {
-        QMessageBox::critical(this, QStringLiteral("Corvane"), runtimeErrorText(e.number(), e.text()));
-    }
-    return false;
-}
+bool frmMain::guarded(const std::function<void()> &f) { return runGuarded(this, f); }
 
 bool frmMain::Form_Load(const QString &commandLine)
 {
@@ -139,7 +132,11 @@ bool frmMain::Form_Load(const QString &commandLine)
 
     auto &state = modCorvane::state();
     const CLocalConfig config;
-    guarded([&] { modCorvane::LoadOptions(state, config); });
+    guarded([&] {
+        modCorvane::LoadOptions(state, config);
+        modCorvane::LoadColorScheme(state, *m_store, config);
+        modCorvane::LoadMissingIngColor(state, config);
+    });
     sbMain->clear();
     guarded([&] {
         m_facade->setCurrentHTMLTemplatePath(config.Load(modCorvane::kSettings, QStringLiteral("TemplatePath"),
@@ -148,6 +145,7 @@ bool frmMain::Form_Load(const QString &commandLine)
                                                          AppPaths::file(QStringLiteral("Templates/"))));
     });
     m_list->setSearchActive(false);
+    ApplySchemeToMain(this);
     guarded([&] { modCorvane::LoadLastView(state, config); });
     RunCommand(state.currentView > 5 ? 207 : 201 + state.currentView);
 

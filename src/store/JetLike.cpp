@@ -5,23 +5,51 @@
 
 namespace {
 
-char32_t fold(char32_t c) { return QChar::toCaseFolded(c); }
-
-// Decodes UTF-16 into code points once, so that ? counts characters, not halves of pairs.
-std::u32string codePoints(QStringView s)
+inline char32_t fold(char32_t c)
 {
-    std::u32string out;
-    out.reserve(s.size());
+    if (c < 128)
+        return c >= U'A' && c <= U'Z' ? c + 32 : c;
+    return QChar::toCaseFolded(c);
+}
+
+// Folded code points of UTF-16 text, so that ? counts characters, not halves of pairs.
+void foldUtf16(QStringView s, std::u32string &out)
+{
+    out.clear();
     for (qsizetype i = 0; i < s.size(); ++i) {
         const QChar c = s[i];
         if (c.isHighSurrogate() && i + 1 < s.size() && s[i + 1].isLowSurrogate()) {
-            out += QChar::surrogateToUcs4(c, s[i + 1]);
+            out += fold(QChar::surrogateToUcs4(c, s[i + 1]));
             ++i;
         } else {
-            out += c.unicode();
+            out += fold(c.unicode());
         }
     }
-    return out;
+}
+
+// Folded code points of UTF-8 text; a byte that is no valid sequence is taken as it stands.
+void foldUtf8(const unsigned char *s, int n, std::u32string &out)
+{
+    out.clear();
+    for (int i = 0; i < n;) {
+        const unsigned char b = s[i];
+        if (b < 0x80) {
+            out += b >= 'A' && b <= 'Z' ? char32_t(b + 32) : char32_t(b);
+            ++i;
+            continue;
+        }
+        int len = b >= 0xF0 ? 4 : b >= 0xE0 ? 3 : b >= 0xC0 ? 2 : 1;
+        char32_t cp = len == 4 ? b & 0x07 : len == 3 ? b & 0x0F : len == 2 ? b & 0x1F : b;
+        if (len > 1 && i + len <= n) {
+            for (int k = 1; k < len; ++k)
+                cp = (cp << 6) | (s[i + k] & 0x3F);
+        } else {
+            len = 1;
+            cp = b;
+        }
+        out += fold(cp);
+        i += len;
+    }
 }
 
 } // namespace
@@ -29,7 +57,8 @@ std::u32string codePoints(QStringView s)
 std::optional<JetLikePattern> JetLikePattern::compile(QStringView pattern)
 {
     JetLikePattern p;
-    const std::u32string cps = codePoints(pattern);
+    std::u32string cps;
+    foldUtf16(pattern, cps);
     for (size_t i = 0; i < cps.size(); ++i) {
         const char32_t c = cps[i];
         Token t{Token::Literal, 0, false, {}};
@@ -52,12 +81,11 @@ std::optional<JetLikePattern> JetLikePattern::compile(QStringView pattern)
             // A "]" right after the opening bracket closes an empty set ("[]" matches nothing
             // and consumes nothing), as the old engine had it.
             while (j < cps.size() && cps[j] != U']') {
-                char32_t lo = cps[j];
                 if (j + 2 < cps.size() && cps[j + 1] == U'-' && cps[j + 2] != U']') {
-                    t.ranges.push_back({fold(lo), fold(cps[j + 2])});
+                    t.ranges.push_back({cps[j], cps[j + 2]});
                     j += 3;
                 } else {
-                    t.ranges.push_back({fold(lo), fold(lo)});
+                    t.ranges.push_back({cps[j], cps[j]});
                     ++j;
                 }
             }
@@ -67,27 +95,40 @@ std::optional<JetLikePattern> JetLikePattern::compile(QStringView pattern)
             if (j == first && !t.negate)
                 continue; // "[]": zero-length
         } else {
-            t.ch = fold(c);
+            t.ch = c;
         }
         p.m_tokens.push_back(std::move(t));
     }
+
+    // Recognise the simple shapes: literals with at most a "*" at either end.
+    const auto &tk = p.m_tokens;
+    const bool lead = !tk.empty() && tk.front().kind == Token::AnyRun;
+    const bool trail = tk.size() > size_t(lead) && tk.back().kind == Token::AnyRun;
+    bool literalsOnly = true;
+    for (size_t k = lead; k < tk.size() - (trail ? 1 : 0) && literalsOnly; ++k) {
+        if (tk[k].kind == Token::Literal)
+            p.m_literal += tk[k].ch;
+        else
+            literalsOnly = false;
+    }
+    if (literalsOnly)
+        p.m_shape = lead && trail ? Contains : lead ? Suffix : trail ? Prefix : Exact;
     return p;
 }
 
-bool JetLikePattern::tokenMatches(const Token &t, char32_t c) const
+bool JetLikePattern::tokenMatches(const Token &t, char32_t c)
 {
     switch (t.kind) {
     case Token::Literal:
-        return fold(c) == t.ch;
+        return c == t.ch;
     case Token::AnyOne:
         return true;
     case Token::Digit:
         return c >= U'0' && c <= U'9';
     case Token::Set: {
-        const char32_t f = fold(c);
         bool in = false;
         for (const Range &r : t.ranges)
-            if ((f >= r.from && f <= r.to) || (c >= r.from && c <= r.to)) {
+            if (c >= r.from && c <= r.to) {
                 in = true;
                 break;
             }
@@ -99,9 +140,8 @@ bool JetLikePattern::tokenMatches(const Token &t, char32_t c) const
     return false;
 }
 
-bool JetLikePattern::matches(QStringView textView) const
+bool JetLikePattern::matchTokens(std::u32string_view text) const
 {
-    const std::u32string text = codePoints(textView);
     // Greedy match with one backtrack point: the position after the last "*" seen.
     size_t ti = 0, pi = 0;
     size_t starP = SIZE_MAX, starT = 0;
@@ -124,6 +164,39 @@ bool JetLikePattern::matches(QStringView textView) const
     return pi == m_tokens.size();
 }
 
+bool JetLikePattern::matchFolded(std::u32string_view text) const
+{
+    const std::u32string_view lit(m_literal);
+    switch (m_shape) {
+    case Exact:
+        return text == lit;
+    case Prefix:
+        return text.substr(0, lit.size()) == lit;
+    case Suffix:
+        return text.size() >= lit.size() && text.substr(text.size() - lit.size()) == lit;
+    case Contains:
+        return text.find(lit) != std::u32string_view::npos;
+    case General:
+        break;
+    }
+    return matchTokens(text);
+}
+
+bool JetLikePattern::matches(QStringView text) const
+{
+    std::u32string folded;
+    foldUtf16(text, folded);
+    return matchFolded(folded);
+}
+
+bool JetLikePattern::matchesUtf8(const char *text, int bytes) const
+{
+    // One buffer per thread, reused for every row of a scan.
+    thread_local std::u32string folded;
+    foldUtf8(reinterpret_cast<const unsigned char *>(text), bytes, folded);
+    return matchFolded(folded);
+}
+
 bool jetLike(QStringView pattern, QStringView text)
 {
     const auto p = JetLikePattern::compile(pattern);
@@ -132,14 +205,13 @@ bool jetLike(QStringView pattern, QStringView text)
 
 namespace {
 
-QStringView argText(sqlite3_value *v)
+void destroyPattern(void *p) { delete static_cast<JetLikePattern *>(p); }
+
+std::optional<JetLikePattern> compileArg(sqlite3_value *v)
 {
     const auto *data = static_cast<const char16_t *>(sqlite3_value_text16(v));
-    const int bytes = sqlite3_value_bytes16(v);
-    return QStringView(data, bytes / 2);
+    return JetLikePattern::compile(QStringView(data, sqlite3_value_bytes16(v) / 2));
 }
-
-void destroyPattern(void *p) { delete static_cast<JetLikePattern *>(p); }
 
 // like(pattern, text[, escape]): the engine calls this for "text LIKE pattern". The compiled
 // pattern is kept with the statement, so a scan of the whole drink list compiles it once.
@@ -151,29 +223,25 @@ void likeFunction(sqlite3_context *ctx, int argc, sqlite3_value **argv)
         return;
     }
     auto *compiled = static_cast<JetLikePattern *>(sqlite3_get_auxdata(ctx, 0));
+    std::optional<JetLikePattern> local;
     if (!compiled) {
-        auto p = JetLikePattern::compile(argText(argv[0]));
-        if (!p) {
+        local = compileArg(argv[0]);
+        if (!local) {
             sqlite3_result_error(ctx, "Invalid pattern string", -1);
             return;
         }
-        compiled = new JetLikePattern(std::move(*p));
-        sqlite3_set_auxdata(ctx, 0, compiled, destroyPattern);
-        // The engine may drop the aux data at once; then re-read it from what it kept.
-        compiled = static_cast<JetLikePattern *>(sqlite3_get_auxdata(ctx, 0));
-        if (!compiled) {
-            sqlite3_result_int(ctx, jetLike(argText(argv[0]), argText(argv[1])) ? 1 : 0);
-            return;
-        }
+        sqlite3_set_auxdata(ctx, 0, new JetLikePattern(*local), destroyPattern);
+        compiled = &*local;
     }
-    sqlite3_result_int(ctx, compiled->matches(argText(argv[1])) ? 1 : 0);
+    const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(argv[1]));
+    sqlite3_result_int(ctx, compiled->matchesUtf8(text, sqlite3_value_bytes(argv[1])) ? 1 : 0);
 }
 
 } // namespace
 
 void registerJetLike(sqlite3 *db)
 {
-    const int flags = SQLITE_UTF16 | SQLITE_DETERMINISTIC;
+    const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     sqlite3_create_function(db, "like", 2, flags, nullptr, likeFunction, nullptr, nullptr);
     sqlite3_create_function(db, "like", 3, flags, nullptr, likeFunction, nullptr, nullptr);
 }

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringView>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 struct sqlite3;
@@ -14,6 +16,8 @@ public:
     // Nothing when the pattern is malformed (an unclosed "[").
     static std::optional<JetLikePattern> compile(QStringView pattern);
     bool matches(QStringView text) const;
+    // The engine hands text over as UTF-8; matching it there spares a conversion per row.
+    bool matchesUtf8(const char *text, int bytes) const;
 
 private:
     struct Range {
@@ -25,8 +29,16 @@ private:
         bool negate = false;       // Set
         std::vector<Range> ranges; // Set, folded
     };
-    bool tokenMatches(const Token &t, char32_t c) const;
+    // Most searches are "*x*", "x*" or a plain name: those compare the folded text directly.
+    enum Shape { General, Exact, Prefix, Suffix, Contains };
+
+    bool matchFolded(std::u32string_view text) const;
+    bool matchTokens(std::u32string_view text) const;
+    static bool tokenMatches(const Token &t, char32_t c);
+
     std::vector<Token> m_tokens;
+    Shape m_shape = General;
+    std::u32string m_literal; // the folded literal of the simple shapes
 };
 
 bool jetLike(QStringView pattern, QStringView text);

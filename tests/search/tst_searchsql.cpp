@@ -1,0 +1,171 @@
+// The simple search's statements and the advanced search's criterion fragments, word for
+// word, and the drinks the simple searches bring back.
+#include "SearchBook.h"
+#include "TestStore.h"
+#include "search/SearchSql.h"
+
+#include <QtTest>
+
+class tst_SearchSql : public QObject {
+    Q_OBJECT
+  private slots:
+    void statements_data();
+    void statements();
+    void fragments_data();
+    void fragments();
+    void results_data();
+    void results();
+};
+
+void tst_SearchSql::statements_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<bool>("matchAll");
+    QTest::addColumn<QString>("sql");
+    const QString insert = QStringLiteral("INSERT INTO SearchResults ( ID, Name ) ");
+    QTest::newRow("301 all") << 301 << "gin" << true
+                             << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Name Like \"*gin*\"";
+    QTest::newRow("301 first letters, blanks kept")
+        << 301 << " gin " << false
+        << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Name Like \" gin *\"";
+    QTest::newRow("302") << 302 << "lime" << true
+                         << insert + "SELECT DISTINCT D.ID, D.Name FROM Drinks D, DrinkRel R, Ingredients I WHERE "
+                                     "D.ID = R.DrinkID AND R.IngID = I.ID AND I.Ingredient LIKE \"*lime*\"";
+    QTest::newRow("303, quote and wildcards as typed")
+        << 303 << "a\"?#[x]" << false
+        << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Description LIKE \"a\"?#[x]*\"";
+    QTest::newRow("304") << 304 << "3" << false
+                         << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.GlassType = 3";
+    QTest::newRow("305") << 305 << "0" << false
+                         << insert + "SELECT DISTINCT D.ID, D.Name FROM Drinks D, DrinkTypeRel T WHERE D.ID = "
+                                     "T.DrinkID AND T.DrinkTypeID = 0";
+}
+
+void tst_SearchSql::statements()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, value);
+    QFETCH(bool, matchAll);
+    QFETCH(QString, sql);
+    const bool text = kind <= SearchKind::ByRecipe;
+    QCOMPARE(SimpleSearchSQL(kind, text ? SimpleSearchPattern(value, matchAll) : value), sql);
+}
+
+void tst_SearchSql::fragments_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("comparison");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("fragment");
+    QTest::addColumn<QString>("valueAfter");
+    QTest::newRow("Name =") << "Name" << kEq << "v"
+                            << "(C.Name = \"v\")"
+                            << "\"v\"";
+    QTest::newRow("Recipe =") << "Recipe" << kEq << "v"
+                              << "(C.Description = \"v\")"
+                              << "\"v\"";
+    QTest::newRow("Comment =") << "Comment" << kEq << "v"
+                               << "(C.Comments = \"v\")"
+                               << "\"v\"";
+    QTest::newRow("Name >") << "Name" << kGt << "v"
+                            << "(C.Name > \"v\")"
+                            << "\"v\"";
+    QTest::newRow("Name <") << "Name" << kLt << "v"
+                            << "(C.Name < \"v\")"
+                            << "\"v\"";
+    QTest::newRow("Name starts") << "Name" << kStarts << "v"
+                                 << "(C.Name LIKE \"v*\")"
+                                 << "\"v*\"";
+    QTest::newRow("Name ends") << "Name" << kEnds << "v"
+                               << "(C.Name LIKE \"*v\")"
+                               << "\"*v\"";
+    QTest::newRow("Name contains") << "Name" << kContains << "v"
+                                   << "(C.Name LIKE \"*v*\")"
+                                   << "\"*v*\"";
+    QTest::newRow("Name contains nothing") << "Name" << kContains << ""
+                                           << "(C.Name LIKE \"**\")"
+                                           << "\"**\"";
+    QTest::newRow("Recipe contains") << "Recipe" << kContains << "v"
+                                     << "(C.Description LIKE \"*v*\")"
+                                     << "\"*v*\"";
+    QTest::newRow("Comment contains") << "Comment" << kContains << "v"
+                                      << "(C.Comments LIKE \"*v*\")"
+                                      << "\"*v*\"";
+    QTest::newRow("Category") << "Category" << kEq << "12"
+                              << "(C.DrinkType = 12)"
+                              << "12";
+    QTest::newRow("Glassware") << "Glassware" << kEq << "3"
+                               << "(C.GlassType = 3)"
+                               << "3";
+    QTest::newRow("Rating") << "Rating" << kEq << "2"
+                            << "(C.RatingID = 2)"
+                            << "2";
+    QTest::newRow("Build") << "Build" << kEq << "1"
+                           << "(C.BuildID = 1)"
+                           << "1";
+    QTest::newRow("Garnish") << "Garnish" << kEq << "0"
+                             << "(C.GarnishID = 0)"
+                             << "0";
+    QTest::newRow("Marked") << "Marked" << kEq << "True"
+                            << "(C.Marked = True)"
+                            << "True";
+    QTest::newRow("Unmarked") << "Marked" << kEq << "False"
+                              << "(C.Marked = False)"
+                              << "False";
+    QTest::newRow("Price =") << "Price" << kEq << "3.50"
+                             << "(C.Price = 3.50)"
+                             << "3.50";
+    QTest::newRow("Price > unchecked") << "Price" << kGt << "abc"
+                                       << "(C.Price > abc)"
+                                       << "abc";
+    QTest::newRow("Cost <") << "Cost" << kLt << "1"
+                            << "(C.Cost < 1)"
+                            << "1";
+    QTest::newRow("Ingredient has no column") << "Ingredient" << kContains << "gin"
+                                              << ""
+                                              << "gin";
+}
+
+void tst_SearchSql::fragments()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, comparison);
+    QFETCH(QString, value);
+    QFETCH(QString, fragment);
+    QFETCH(QString, valueAfter);
+    QCOMPARE(GetSQLForField(field, ComparisonOperator(comparison), value, comparison), fragment);
+    QCOMPARE(value, valueAfter);
+}
+
+void tst_SearchSql::results_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<bool>("matchAll");
+    QTest::addColumn<QList<int>>("ids");
+    QTest::newRow("name anywhere, any case") << 301 << "TONIC" << true << QList<int>{1, 5};
+    QTest::newRow("name from its start") << 301 << "gi" << false << QList<int>{1, 2};
+    QTest::newRow("start of the field, not of a word") << 301 << "Tonic" << false << QList<int>{};
+    QTest::newRow("leading blank searched too") << 301 << " Gin" << false << QList<int>{};
+    QTest::newRow("user's ? is a wildcard") << 301 << "g?m" << true << QList<int>{2};
+    QTest::newRow("ingredient, one row per drink") << 302 << "juice" << true << QList<int>{2, 3, 4, 6, 8, 9};
+    QTest::newRow("recipe") << 303 << "shake" << false << QList<int>{2, 4};
+    QTest::newRow("glass") << 304 << "1" << false << QList<int>{1, 3, 5, 8};
+    QTest::newRow("category through DrinkTypeRel") << 305 << "1" << false << QList<int>{1, 3, 5};
+}
+
+void tst_SearchSql::results()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, value);
+    QFETCH(bool, matchAll);
+    QFETCH(QList<int>, ids);
+    TestStore book(QString::fromLatin1(kSearchBook));
+    const bool text = kind <= SearchKind::ByRecipe;
+    book.store().execute(SimpleSearchSQL(kind, text ? SimpleSearchPattern(value, matchAll) : value));
+    QCOMPARE(searchResults(book.store()), ids);
+}
+
+QTEST_GUILESS_MAIN(tst_SearchSql)
+#include "tst_searchsql.moc"
