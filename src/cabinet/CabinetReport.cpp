@@ -9,7 +9,10 @@ namespace CabinetReport {
 
 namespace {
 
-QString twoDigits(int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
+QString twoDigits(int n)
+{
+    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+}
 
 QFont fontOf(const Piece &piece)
 {
@@ -27,7 +30,8 @@ QString DateText(const QDateTime &when)
     const QTime t = when.time();
     const int hour12 = t.hour() % 12 == 0 ? 12 : t.hour() % 12;
     return twoDigits(d.month()) + u'/' + twoDigits(d.day()) + u'/' + QString::number(d.year()) + u' ' +
-           twoDigits(hour12) + u':' + twoDigits(t.minute()) + (t.hour() < 12 ? QStringLiteral(" am") : QStringLiteral(" pm"));
+           twoDigits(hour12) + u':' + twoDigits(t.minute()) +
+           (t.hour() < 12 ? QStringLiteral(" am") : QStringLiteral(" pm"));
 }
 
 std::vector<Piece> Layout(const std::vector<Line> &lines, const QDateTime &when)

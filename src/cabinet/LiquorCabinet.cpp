@@ -16,9 +16,8 @@ namespace LiquorCabinet {
 namespace {
 
 const QString kTreeSql = QStringLiteral("SELECT * FROM IngMaintList ORDER BY Type, SubType, Ingredient");
-const QString kClearSelectedSql =
-    QStringLiteral("UPDATE DISTINCTROW Ingredients SET Ingredients.Selected = No "
-                   "WHERE Ingredients.Selected=Yes");
+const QString kClearSelectedSql = QStringLiteral("UPDATE DISTINCTROW Ingredients SET Ingredients.Selected = No "
+                                                 "WHERE Ingredients.Selected=Yes");
 
 QString groupKey(QChar letter, const QVariant &id, std::size_t nodeCount)
 {
@@ -190,7 +189,8 @@ std::vector<qint32> StoreSelectedIngredients(DrinkStore &store, std::vector<qint
     return tickedIds;
 }
 
-ScanOutcome ScanForMatches(DrinkStore &store, const std::vector<qint32> &sortedSelectedIds, const ScanProgress &progress)
+ScanOutcome ScanForMatches(DrinkStore &store, const std::vector<qint32> &sortedSelectedIds,
+                           const ScanProgress &progress)
 {
     ScanOutcome outcome;
     ScopedTransaction tx(store);

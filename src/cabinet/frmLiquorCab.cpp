@@ -148,7 +148,7 @@ void frmLiquorCab::tvIng_NodeCheck(QTreeWidgetItem *node)
 {
     if (LoadingTree)
         return;
-    LoadingTree = true; // the children's own changes are this one's
+    LoadingTree = true; // the children report their changes too; they are part of this tick
     setCheckedTree(node, node->checkState(0));
     LoadingTree = false;
 }
@@ -174,9 +174,10 @@ void frmLiquorCab::OK_Click()
         ++checked;
     if (checked == 0) {
         QApplication::restoreOverrideCursor();
-        QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Corvane"),
-                        QStringLiteral("You must select at least one ingredient for the Liquor Cabinet feature to work."),
-                        QMessageBox::Ok, this);
+        QMessageBox box(
+            QMessageBox::NoIcon, QStringLiteral("Corvane"),
+            QStringLiteral("You must select at least one ingredient for the Liquor Cabinet feature to work."),
+            QMessageBox::Ok, this);
         box.exec();
         return;
     }
@@ -234,10 +235,16 @@ void frmLiquorCab::endScan()
     QApplication::restoreOverrideCursor();
 }
 
-void frmLiquorCab::cmdCancelSearch_Click() { CancelScan = true; }
+void frmLiquorCab::cmdCancelSearch_Click()
+{
+    CancelScan = true;
+}
 
 // Only hides: ticks not stored by Find Matches are dropped.
-void frmLiquorCab::cmdCancel_Click() { reject(); }
+void frmLiquorCab::cmdCancel_Click()
+{
+    reject();
+}
 
 void frmLiquorCab::reject()
 {

@@ -83,14 +83,17 @@ const QStringList &beerLines()
 {
     static const QStringList lines = {
         QStringLiteral("1 Barrel of beer = 13 cases = 31 gallons = 312 12 oz. beers"),
-        QStringLiteral("1 \u00BD barrel of beer (also known as a keg or \u00BD keg) = 6.5 cases = 15.5 gallons = 156 12 oz. "
-                       "beers"),
-        QStringLiteral("1 \u00BC Barrel of beer (also known as a pony keg or \u00BC keg) = 3.25 cases = 7.25 gallons = 78 "
-                       "12 oz. beers"),
+        QStringLiteral(
+            "1 \u00BD barrel of beer (also known as a keg or \u00BD keg) = 6.5 cases = 15.5 gallons = 156 12 oz. "
+            "beers"),
+        QStringLiteral(
+            "1 \u00BC Barrel of beer (also known as a pony keg or \u00BC keg) = 3.25 cases = 7.25 gallons = 78 "
+            "12 oz. beers"),
         QStringLiteral("1 Case of beer = 2.25 gallons = 24 12 oz. beers"),
         QStringLiteral("One Barrel of Beer is 1/2 gallon less than a standard English barrel."),
         QStringLiteral("1 Split of wine = 187 ml = 6.3 oz"),
-        QStringLiteral("1 Carafe of wine = 374 ml = 12.6 oz.  This size is not always followed by the makers of carafes"),
+        QStringLiteral(
+            "1 Carafe of wine = 374 ml = 12.6 oz.  This size is not always followed by the makers of carafes"),
         QStringLiteral("1 Magnum of wine = 1.5 liters = 50.7 oz."),
         QStringLiteral("1 Jeroboam of wine = 3 liters = 101.4 oz."),
     };
@@ -124,7 +127,8 @@ frmMetricConvert::frmMetricConvert(QWidget *parent) : QDialog(parent)
     for (QFrame *frame : Frames) {
         frame->setParent(pages);
         pagesLayout->addWidget(frame, 0, 0);
-        height = std::max(height, frame->hasHeightForWidth() ? frame->heightForWidth(kPageWidth) : frame->sizeHint().height());
+        height = std::max(height,
+                          frame->hasHeightForWidth() ? frame->heightForWidth(kPageWidth) : frame->sizeHint().height());
     }
     pages->setMinimumSize(kPageWidth, height);
 
@@ -231,7 +235,8 @@ void frmMetricConvert::tabConversion_Click(int index)
 
 void frmMetricConvert::cmdConvert_Click()
 {
-    const ConvertOutcome outcome = ConvertForDialog(txtSourceAmount->text(), cmbFrom->currentIndex(), cmbTo->currentIndex());
+    const ConvertOutcome outcome =
+        ConvertForDialog(txtSourceAmount->text(), cmbFrom->currentIndex(), cmbTo->currentIndex());
     if (!outcome.message.isEmpty()) {
         showMessage(outcome.message);
         return;
@@ -246,8 +251,20 @@ void frmMetricConvert::showMessage(const QString &text)
 }
 
 // A result never stands beside inputs that did not produce it.
-void frmMetricConvert::cmbFrom_Click() { txtResultAmount->clear(); }
-void frmMetricConvert::cmbTo_Click() { txtResultAmount->clear(); }
-void frmMetricConvert::txtSourceAmount_Change() { txtResultAmount->clear(); }
+void frmMetricConvert::cmbFrom_Click()
+{
+    txtResultAmount->clear();
+}
+void frmMetricConvert::cmbTo_Click()
+{
+    txtResultAmount->clear();
+}
+void frmMetricConvert::txtSourceAmount_Change()
+{
+    txtResultAmount->clear();
+}
 
-void frmMetricConvert::cmdOK_Click() { accept(); }
+void frmMetricConvert::cmdOK_Click()
+{
+    accept();
+}

@@ -2,19 +2,14 @@
 
 #include "store/DrinkStore.h"
 
-#include <QSqlQuery>
 
 DrinkListModel::DrinkListModel(QObject *parent) : QAbstractTableModel(parent) {}
 
 void DrinkListModel::load(DrinkStore &store, const QString &jetSql)
 {
-    QSqlQuery q = store.select(jetSql);
     std::vector<qint32> ids;
     QStringList names;
-    while (q.next()) {
-        ids.push_back(q.value(0).toInt());
-        names.push_back(q.value(1).toString());
-    }
+    store.selectIdNames(jetSql, ids, names);
     beginResetModel();
     m_ids = std::move(ids);
     m_names = std::move(names);

@@ -7,6 +7,8 @@
 #include "base/modCorvane.h"
 #include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
+#include "cabinet/frmLiquorCab.h"
+#include "editing/frmMetricConvert.h"
 #include "search/SearchDialogs.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
@@ -75,6 +77,18 @@ void frmMain::RunCommand(int command)
         case 403:
             MarkAll(command == 402);
             break;
+        case 501: {
+            frmLiquorCab dlg(*m_store, this);
+            dlg.exec();
+            if (!dlg.WasCanceled())
+                RunCommand(206);
+            break;
+        }
+        case 507: {
+            frmMetricConvert dlg(this);
+            dlg.exec();
+            break;
+        }
         case 508: {
             frmOptions dlg(state, this);
             dlg.exec();

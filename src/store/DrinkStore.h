@@ -3,7 +3,9 @@
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
+#include <vector>
 
 // The one open drink store. Every statement the program writes in the old engine's dialect
 // goes through here, is translated, checked, and on failure raised as a StoreError with the
@@ -24,6 +26,9 @@ public:
     int execute(const QString &jetSql);
     // A forward-only SELECT written in the old dialect, positioned before the first row.
     QSqlQuery select(const QString &jetSql);
+    // The rows of a two-column (id, name) statement in one pass straight off the engine: the
+    // main list reads up to every drink of the book this way.
+    void selectIdNames(const QString &jetSql, std::vector<qint32> &ids, QStringList &names);
     // The first column of the first row, or a null value when there is no row.
     QVariant scalar(const QString &jetSql);
 

@@ -62,10 +62,12 @@ void frmProgressDLG::refresh()
     // before their last word. Both are how the window has always read.
     switch (m_style) {
     case OfMaximum:
-        lblProgress->setText(QString::number(m_value) + QStringLiteral(" of ") + QString::number(m_maximum) + u' ' + m_unit);
+        lblProgress->setText(QString::number(m_value) + QStringLiteral(" of ") + QString::number(m_maximum) + u' ' +
+                             m_unit);
         break;
     case Remaining:
-        lblProgress->setText(QString::number(m_value - m_maximum) + u' ' + m_unit + u' ' + QStringLiteral(" remaining"));
+        lblProgress->setText(QString::number(m_value - m_maximum) + u' ' + m_unit + u' ' +
+                             QStringLiteral(" remaining"));
         break;
     case Completed:
         lblProgress->setText(QString::number(m_value) + u' ' + m_unit + u' ' + QStringLiteral(" completed"));
@@ -76,4 +78,7 @@ void frmProgressDLG::refresh()
     QApplication::processEvents();
 }
 
-void frmProgressDLG::cmdCancel_Click() { m_canceled = true; }
+void frmProgressDLG::cmdCancel_Click()
+{
+    m_canceled = true;
+}

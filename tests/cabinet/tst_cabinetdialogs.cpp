@@ -142,7 +142,8 @@ void tst_CabinetDialogs::noTickKeepsEarlierResults()
         box->button(QMessageBox::Ok)->click();
     });
     m_dlg->findChild<QPushButton *>(QStringLiteral("OK"))->click();
-    QCOMPARE(shown, QStringLiteral("Corvane|You must select at least one ingredient for the Liquor Cabinet feature to work."));
+    QCOMPARE(shown,
+             QStringLiteral("Corvane|You must select at least one ingredient for the Liquor Cabinet feature to work."));
     QVERIFY(m_dlg->isVisible());
     QVERIFY(m_dlg->findChild<QPushButton *>(QStringLiteral("OK"))->isEnabled());
     QCOMPARE(ids("SELECT id FROM Ingredients WHERE Selected <> 0 ORDER BY id"), (IdList{1, 4, 5}));

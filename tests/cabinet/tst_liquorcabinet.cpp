@@ -25,13 +25,19 @@ IdList idsWhere(DrinkStore &store, const QString &sql)
     return ids;
 }
 
-IdList marked(DrinkStore &store) { return idsWhere(store, QStringLiteral("SELECT id FROM Drinks WHERE LiqCab = 1 ORDER BY id")); }
+IdList marked(DrinkStore &store)
+{
+    return idsWhere(store, QStringLiteral("SELECT id FROM Drinks WHERE LiqCab = 1 ORDER BY id"));
+}
 IdList selected(DrinkStore &store)
 {
     return idsWhere(store, QStringLiteral("SELECT id FROM Ingredients WHERE Selected <> 0 ORDER BY id"));
 }
 
-std::vector<qint32> vec(const IdList &ids) { return {ids.begin(), ids.end()}; }
+std::vector<qint32> vec(const IdList &ids)
+{
+    return {ids.begin(), ids.end()};
+}
 
 } // namespace
 
@@ -145,10 +151,9 @@ void tst_LiquorCabinet::failureKeepsEarlierState_data()
     QTest::addColumn<QString>("trigger");
     QTest::addColumn<IdList>("expectedSelected");
     // A refused mark: the ticks were stored in their own transaction, the old marks stay whole.
-    QTest::newRow("marks refused")
-        << "CREATE TRIGGER refuse BEFORE UPDATE OF LiqCab ON Drinks WHEN NEW.LiqCab = 1 "
-           "BEGIN SELECT RAISE(ABORT, 'refused'); END;"
-        << IdList{1, 2, 3, 4, 5};
+    QTest::newRow("marks refused") << "CREATE TRIGGER refuse BEFORE UPDATE OF LiqCab ON Drinks WHEN NEW.LiqCab = 1 "
+                                      "BEGIN SELECT RAISE(ABORT, 'refused'); END;"
+                                   << IdList{1, 2, 3, 4, 5};
     // A refused tick: neither the ticks nor the marks change.
     QTest::newRow("tick refused")
         << "CREATE TRIGGER refuse BEFORE UPDATE OF Selected ON Ingredients WHEN NEW.id = 3 AND NEW.Selected = 1 "
@@ -181,9 +186,9 @@ void tst_LiquorCabinet::treeFromIngredientList()
     // sub type 0 show an empty text; each type starts its own sub types, even an empty one
     // following another empty one. Parents are checked when all below them are.
     const QStringList expected = {
-        "1 -1 '' C9 9 -",      "2 0 '' S2 0 -",        "3 1 'Mystery' I7 7 -",  "1 -1 'Mixers' C2 2 x",
-        "2 3 '' S5 0 x",       "3 4 'Tonic' I5 5 x",   "2 3 'Juice' S3 3 x",    "3 6 'Lime Juice' I4 4 x",
-        "1 -1 'Spirits' C1 1 -", "2 8 'Gin' S1 1 x",    "3 9 'Gin' I1 1 x",      "2 8 'Rum' S2 2 -",
+        "1 -1 '' C9 9 -",         "2 0 '' S2 0 -",           "3 1 'Mystery' I7 7 -",     "1 -1 'Mixers' C2 2 x",
+        "2 3 '' S5 0 x",          "3 4 'Tonic' I5 5 x",      "2 3 'Juice' S3 3 x",       "3 6 'Lime Juice' I4 4 x",
+        "1 -1 'Spirits' C1 1 -",  "2 8 'Gin' S1 1 x",        "3 9 'Gin' I1 1 x",         "2 8 'Rum' S2 2 -",
         "3 11 'Dark Rum' I3 3 -", "3 11 'Light Rum' I2 2 -", "1 -1 'Undefined' C15 0 -", "2 14 '' S16 0 -",
         "3 15 'Bitters' I6 6 -",
     };
@@ -221,7 +226,12 @@ void tst_LiquorCabinet::reportLayout()
     };
     QStringList got;
     for (const CabinetReport::Piece &p : CabinetReport::Layout(lines, QDateTime(QDate(2024, 3, 7), QTime(9, 5))))
-        got << QStringLiteral("%1|%2%3|%4%5").arg(p.text).arg(p.pointSize).arg(p.bold ? "b" : "").arg(p.xTwips).arg(p.endsLine ? "|" : "");
+        got << QStringLiteral("%1|%2%3|%4%5")
+                   .arg(p.text)
+                   .arg(p.pointSize)
+                   .arg(p.bold ? "b" : "")
+                   .arg(p.xTwips)
+                   .arg(p.endsLine ? "|" : "");
     const QStringList expected = {
         "Corvane Selected Ingredients Listing|16b|0|",
         "03/07/2024 09:05 am|8|0|",

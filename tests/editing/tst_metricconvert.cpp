@@ -45,7 +45,10 @@ void tst_MetricConvert::init()
     m_dlg->show();
 }
 
-void tst_MetricConvert::cleanup() { m_dlg.reset(); }
+void tst_MetricConvert::cleanup()
+{
+    m_dlg.reset();
+}
 
 // Runs Convert; returns the result text, or "message: " and the text of the box it showed.
 QString tst_MetricConvert::convertAndCatch(const QString &amount, int from, int to)
@@ -87,7 +90,7 @@ void tst_MetricConvert::convert_data()
     QTest::newRow("blanks and sign") << "  -1.5 " << 5 << 4 << "-2.25";
     QTest::newRow("leading point") << ".5" << 6 << 4 << "4";
     QTest::newRow("not a number") << "1/2" << 4 << 4
-                                   << "message: Corvane|The amount you wish to convert is not a valid number.";
+                                  << "message: Corvane|The amount you wish to convert is not a valid number.";
     QTest::newRow("amount before units") << "x" << -1 << -1
                                          << "message: Corvane|The amount you wish to convert is not a valid number.";
     QTest::newRow("no from unit") << "1" << -1 << 4 << "message: Corvane|Please select the units to convert from.";
@@ -170,13 +173,15 @@ void tst_MetricConvert::quirkyTexts_data()
     QTest::newRow("step 4") << "4.  Click on Convert and the converted value will appear here.";
     QTest::newRow("gallon") << "1 Gallon  =3.785 l";
     QTest::newRow("jigger") << "1 Jigger = 1\u00BD oz.";
-    QTest::newRow("bottles") << "The volumes of standard liquor bottles were changed to use more rounded numbers in the "
-                                "metric system.  This is a comparison of standard bottle sizes as they are now and the "
-                                "English measurement they are based on";
+    QTest::newRow("bottles")
+        << "The volumes of standard liquor bottles were changed to use more rounded numbers in the "
+           "metric system.  This is a comparison of standard bottle sizes as they are now and the "
+           "English measurement they are based on";
     QTest::newRow("pony keg") << "1 \u00BC Barrel of beer (also known as a pony keg or \u00BC keg) = 3.25 cases = 7.25 "
                                  "gallons = 78 12 oz. beers";
-    QTest::newRow("carafe") << "1 Carafe of wine = 374 ml = 12.6 oz.  This size is not always followed by the makers of "
-                               "carafes";
+    QTest::newRow("carafe")
+        << "1 Carafe of wine = 374 ml = 12.6 oz.  This size is not always followed by the makers of "
+           "carafes";
     QTest::newRow("help") << "Press F1 for Help";
 }
 
