@@ -308,15 +308,22 @@ class Book:
             ids.add(int(ident))
             self.unique(file, n, name, seen, "scheme")
             self.schemes += 1
-            # Readability by the WCAG contrast ratio: 4.5 is the floor for normal text.
-            for what, other, floor in (("background", background, 7.0),
-                                       ("highlight", highlight, 4.5)):
-                ratio = contrast(text, other)
+            # Readability by the WCAG contrast ratio: 4.5 is the floor for normal text, 3 for
+            # large headings and marks. The program writes a selected list row or letter tab in
+            # the negative of the text colour on the highlight, the page templates write the
+            # background colour on highlight areas, and a hovered tab or command has the text
+            # colour on the accent.
+            for what, fore, back, floor in (
+                    ("text on the background", text, background, 7.0),
+                    ("the negative of the text (selected rows and tabs) on the highlight",
+                     negative(text), highlight, 4.5),
+                    ("the background (text on highlight areas of the page) on the highlight",
+                     background, highlight, 4.5),
+                    ("text on the accent (hovered tabs and commands)", text, accent, 4.5),
+                    ("the accent (headings, rules) on the background", accent, background, 3.0)):
+                ratio = contrast(fore, back)
                 if ratio < floor:
-                    self.fault(file, n, f'text on {what} has a contrast of {ratio:.1f}, below {floor}')
-            if contrast(accent, background) < 3.0:
-                self.fault(file, n, f"the accent is hard to see on the background "
-                                    f"(contrast {contrast(accent, background):.1f}, below 3)")
+                    self.fault(file, n, f"{what} has a contrast of {ratio:.2f}, below {floor:g}")
         if 64 not in ids:
             self.fault(file, 0, "scheme 64 (the default) is missing")
 
@@ -666,6 +673,11 @@ def luminance(colour):
         return c / 12.92 if c <= 0.03928 else ((c + 0.055) / 1.055) ** 2.4
     r, g, b = (int(colour[i:i + 2], 16) for i in (1, 3, 5))
     return 0.2126 * channel(r) + 0.7152 * channel(g) + 0.0722 * channel(b)
+
+
+def negative(colour):
+    """The colour negative the program paints selected text in: 255 minus each channel."""
+    return "#" + "".join(f"{255 - int(colour[i:i + 2], 16):02X}" for i in (1, 3, 5))
 
 
 def contrast(a, b):

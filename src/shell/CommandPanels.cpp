@@ -99,7 +99,8 @@ CommandPanels::CommandPanels(QWidget *popupHost, QWidget *parent) : QWidget(pare
     pnlPopup->hide();
 
     m_colors = {palette().color(QPalette::WindowText), palette().color(QPalette::Window),
-                palette().color(QPalette::Midlight), palette().color(QPalette::Highlight)};
+                palette().color(QPalette::Midlight), palette().color(QPalette::Highlight),
+                palette().color(QPalette::HighlightedText)};
     m_currentView = [] { return 6; };
     m_currentMarked = [] { return false; };
     for (int g = 0; g < Commands::GroupCount; ++g)
@@ -125,8 +126,11 @@ void CommandPanels::setColors(const PanelColors &colors)
 
 void CommandPanels::setPicture(int group, int state)
 {
-    const QColor back = state == CommandIcons::Pressed ? m_colors.highlight : m_colors.accent;
-    pnlMenu[group]->setPixmap(CommandIcons::groupPicture(group, CommandIcons::State(state), m_colors.text, back));
+    // A pressed group looks like a selected tab: highlight behind, the selected text colour on it.
+    const bool pressed = state == CommandIcons::Pressed;
+    pnlMenu[group]->setPixmap(CommandIcons::groupPicture(group, CommandIcons::State(state),
+                                                         pressed ? m_colors.selectedText : m_colors.text,
+                                                         pressed ? m_colors.highlight : m_colors.accent));
 }
 
 bool CommandPanels::popupOpen() const { return pnlPopup->isVisible(); }

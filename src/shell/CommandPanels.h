@@ -54,7 +54,7 @@ private:
 };
 
 struct PanelColors {
-    QColor text, background, accent, highlight;
+    QColor text, background, accent, highlight, selectedText;
 };
 
 // The column of seven group pictures and the pop-up panel they open: the main window's menus.

@@ -30,7 +30,7 @@ void ApplySchemeToMain(QWidget *frmMain, const modCorvane::State &s)
     if (auto *tabs = frmMain->findChild<LetterTabs *>())
         tabs->setColors({back, text, highlight, ColorValues::selectedTextColor(s.schemeTextColor, platform), accent});
     if (auto *panels = frmMain->findChild<CommandPanels *>())
-        panels->setColors({text, back, accent, highlight});
+        panels->setColors({text, back, accent, highlight, ColorValues::selectedTextColor(s.schemeTextColor, platform)});
 }
 
 void ApplySchemeToMain(QWidget *frmMain)
