@@ -1,8 +1,12 @@
 #include "BenchRegistry.h"
 
 #include "store/JetDialect.h"
+#include "store/StoreError.h"
 
+#include <QDir>
+#include <QFile>
 #include <algorithm>
+#include <map>
 
 namespace Bench {
 
@@ -39,6 +43,27 @@ std::vector<AreaFunction> areasByRank()
 QString native(const QString &jetSql)
 {
     return jetToSqlite(jetSql);
+}
+
+Store scratchCopy(const Store &store)
+{
+    static std::map<QString, Store> copies;
+    const auto made = copies.find(store.path);
+    if (made != copies.end())
+        return made->second;
+
+    Store copy = store;
+    copy.appDir = QDir(store.appDir).filePath(QStringLiteral("scratch"));
+    copy.path = QDir(copy.appDir).filePath(QStringLiteral("drinks.db"));
+    if (!QDir().mkpath(copy.appDir))
+        throw StoreError(QStringLiteral("The folder for the store's copy cannot be made."), copy.appDir);
+    // The copy's journal files of an earlier run belong to the old file.
+    for (const char *suffix : {"", "-wal", "-shm"})
+        QFile::remove(copy.path + QLatin1String(suffix));
+    if (!QFile::copy(store.path, copy.path))
+        throw StoreError(QStringLiteral("The store cannot be copied."), copy.path);
+    copies.emplace(store.path, copy);
+    return copy;
 }
 
 } // namespace Bench

@@ -61,4 +61,10 @@ std::vector<AreaFunction> areasByRank();
 // A statement written in the old dialect, as the engine receives it.
 QString native(const QString &jetSql);
 
+// The store's copy for the benchmarks that write, beside the cached store in its folder
+// "scratch": copied afresh once per run of the program, so every run starts from the generated
+// rows, and kept after it, because the floors of those benchmarks run on it too. All writing
+// areas share it, each restoring or overwriting only what it writes. Throws StoreError.
+Store scratchCopy(const Store &store);
+
 } // namespace Bench

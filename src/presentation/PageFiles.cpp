@@ -4,16 +4,17 @@
 #include "presentation/ArchivePasswords.h"
 #include "presentation/ZipArchive.h"
 
-#include <QSaveFile>
+#include <QFile>
 
 namespace PageFiles {
 
 QString writePageFile(const QString &appDir, const QString &html, QString *errorText)
 {
     const QString path = appDir + QStringLiteral("/corvane.cvk");
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(Cp1252::encode(html + QStringLiteral("\r\n"))) < 0 ||
-        !file.commit()) {
+    // A scratch file, rewritten for every page: not worth a flush to the disk on each row.
+    QFile file(path);
+    const QByteArray bytes = Cp1252::encode(html + QStringLiteral("\r\n"));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(bytes) != bytes.size() || !file.flush()) {
         if (errorText)
             *errorText = QStringLiteral("%1: %2").arg(path, file.errorString());
         return {};

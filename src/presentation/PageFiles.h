@@ -6,8 +6,7 @@
 namespace PageFiles {
 
 // Writes the page to "<appDir>/corvane.cvk" (Windows-1252, ending in CR LF), replacing the
-// file only when the whole page is written. Returns the file's path, or "" with the reason
-// in errorText.
+// last page. Returns the file's path, or "" with the reason in errorText.
 QString writePageFile(const QString &appDir, const QString &html, QString *errorText = nullptr);
 
 // The printing picture of a glass: "NN.gif" from "<appDir>/corvane.glw", extracted into the

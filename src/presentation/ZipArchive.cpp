@@ -2,7 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QTemporaryFile>
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -131,9 +131,12 @@ int ZipArchive::extract(const QString &member, const QString &dir)
         zip_error_clear(m_zip);
         return failCode(readError(code), QStringLiteral("%1: %2").arg(member, libzipText(code)));
     }
-    // Written aside and renamed, so a member that fails half-way leaves the old file alone.
-    QSaveFile out(dir + '/' + member);
-    if (!out.open(QIODevice::WriteOnly)) {
+    // Written aside and renamed, so a member that fails half-way leaves the old file alone. An
+    // extracted picture is a scratch copy: it is not flushed to the disk, which would cost the
+    // page more than everything else it does.
+    const QString target = dir + '/' + member;
+    QTemporaryFile out(target + QStringLiteral(".XXXXXX"));
+    if (!out.open()) {
         zip_fclose(in);
         return failCode(WriteFailed, out.errorString());
     }
@@ -143,20 +146,21 @@ int ZipArchive::extract(const QString &member, const QString &dir)
         if (n < 0) {
             const int code = zip_error_code_zip(zip_file_get_error(in));
             zip_fclose(in);
-            out.cancelWriting();
             return failCode(readError(code), QStringLiteral("%1: %2").arg(member, libzipText(code)));
         }
         if (n == 0)
             break;
         if (out.write(buffer, n) != n) {
             zip_fclose(in);
-            out.cancelWriting();
             return failCode(WriteFailed, out.errorString());
         }
     }
     zip_fclose(in);
-    if (!out.commit())
+    out.close();
+    QFile::remove(target);
+    if (!out.rename(target))
         return failCode(WriteFailed, out.errorString());
+    out.setAutoRemove(false);
     return NoError;
 }
 
