@@ -28,25 +28,25 @@ void tst_HandOver::linkDeliversAndWaitsForHandling()
     InstanceLink running;
     QVERIFY(running.listen(dir.path()));
     QStringList handled;
+    QAtomicInt handledCount;
     connect(&running, &InstanceLink::commandReceived, this, [&](const QString &line) {
-        QThread::msleep(150); // the sender must still be waiting while we work
+        QThread::msleep(100); // give a sender that does not wait the chance to run ahead
         handled << line;
+        handledCount.storeRelease(1);
     });
 
     bool delivered = false;
-    qint64 waited = 0;
+    int handledWhenReturned = -1;
     QThread *sender = QThread::create([&] {
-        QElapsedTimer t;
-        t.start();
         delivered = InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"));
-        waited = t.elapsed();
+        handledWhenReturned = handledCount.loadAcquire();
     });
     sender->start();
     QTRY_VERIFY_WITH_TIMEOUT(sender->isFinished(), 5000);
     delete sender;
     QVERIFY(delivered);
     QCOMPARE(handled, QStringList{QStringLiteral("/ID=2")});
-    QVERIFY(waited >= 150);
+    QCOMPARE(handledWhenReturned, 1); // the sender came back only after the line was handled
 
     // A second copy on the same book does not take the mailbox over.
     InstanceLink second;
@@ -93,13 +93,11 @@ void tst_HandOver::processesHandOver()
     QVERIFY2(waitForMailbox(book.appDir(), 15000), "the first copy never got ready");
 
     QProcess second;
-    QElapsedTimer t;
-    t.start();
     startProgram(second, {QStringLiteral("--appdir"), book.appDir(), QStringLiteral("/ID=2")});
-    QVERIFY(second.waitForFinished(5000));
+    // It hands over and ends instead of opening a window of its own.
+    QVERIFY(second.waitForFinished(10000));
     QCOMPARE(second.exitStatus(), QProcess::NormalExit);
     QCOMPARE(second.exitCode(), 0);
-    QVERIFY2(t.elapsed() < 2000, qPrintable(QString::number(t.elapsed())));
     QCOMPARE(first.state(), QProcess::Running);
     first.kill();
     first.waitForFinished();
