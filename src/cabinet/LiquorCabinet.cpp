@@ -1,15 +1,14 @@
 #include "cabinet/LiquorCabinet.h"
 
 #include "store/DrinkStore.h"
+#include "store/EngineReader.h"
 #include "store/StoreError.h"
 
-#include <QSqlDriver>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QStringList>
 #include <QVariant>
 #include <algorithm>
-#include <sqlite3.h>
 
 namespace LiquorCabinet {
 
@@ -60,41 +59,6 @@ void storeMarks(DrinkStore &store, const std::vector<qint32> &ids, int value)
         store.exec(q);
     }
 }
-
-// A read-only statement straight on the engine: the scan reads every line of a large book, and
-// its integers need no conversion on the way.
-class EngineReader {
-public:
-    EngineReader(DrinkStore &store, const char *sql) : m_sql(QString::fromLatin1(sql))
-    {
-        const QVariant handle = store.database().driver()->handle();
-        if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
-            throw StoreError(QStringLiteral("The store is not open."), m_sql);
-        m_db = *static_cast<sqlite3 *const *>(handle.data());
-        if (sqlite3_prepare_v2(m_db, sql, -1, &m_statement, nullptr) != SQLITE_OK)
-            throw StoreError(QString::fromUtf8(sqlite3_errmsg(m_db)), m_sql);
-    }
-    ~EngineReader() { sqlite3_finalize(m_statement); }
-    EngineReader(const EngineReader &) = delete;
-    EngineReader &operator=(const EngineReader &) = delete;
-
-    bool next()
-    {
-        const int rc = sqlite3_step(m_statement);
-        if (rc == SQLITE_ROW)
-            return true;
-        if (rc == SQLITE_DONE)
-            return false;
-        throw StoreError(QString::fromUtf8(sqlite3_errmsg(m_db)), m_sql);
-    }
-    bool isNull(int column) const { return sqlite3_column_type(m_statement, column) == SQLITE_NULL; }
-    qint32 integer(int column) const { return sqlite3_column_int(m_statement, column); }
-
-private:
-    QString m_sql;
-    sqlite3 *m_db = nullptr;
-    sqlite3_stmt *m_statement = nullptr;
-};
 
 } // namespace
 
@@ -198,7 +162,7 @@ ScanOutcome ScanForMatches(DrinkStore &store, const std::vector<qint32> &sortedS
     // The drinks and their marks, read once; each group of lines then finds its drink here.
     std::vector<qint32> drinkIds, oldMarks;
     {
-        EngineReader drinks(store, "SELECT id, LiqCab FROM Drinks ORDER BY id");
+        EngineReader drinks(store, QStringLiteral("SELECT id, LiqCab FROM Drinks ORDER BY id"));
         while (drinks.next()) {
             drinkIds.push_back(drinks.integer(0));
             oldMarks.push_back(drinks.integer(1));
@@ -207,7 +171,7 @@ ScanOutcome ScanForMatches(DrinkStore &store, const std::vector<qint32> &sortedS
     outcome.total = static_cast<int>(drinkIds.size());
     std::vector<bool> matched(drinkIds.size(), false);
 
-    EngineReader lines(store, "SELECT DrinkID, IngID FROM DrinkRel ORDER BY DrinkID, seq");
+    EngineReader lines(store, QStringLiteral("SELECT DrinkID, IngID FROM DrinkRel ORDER BY DrinkID, seq"));
     int counter = 1;
     bool more = lines.next();
     bool stopped = more && progress && progress(counter, outcome.total);

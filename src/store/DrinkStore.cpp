@@ -1,5 +1,6 @@
 #include "store/DrinkStore.h"
 
+#include "store/EngineReader.h"
 #include "store/JetDialect.h"
 #include "store/StoreFunctions.h"
 #include "store/StoreError.h"
@@ -7,9 +8,7 @@
 #include <QAtomicInt>
 #include <QFileInfo>
 #include <QSqlError>
-#include <QSqlDriver>
 #include <QStringList>
-#include <sqlite3.h>
 
 namespace {
 
@@ -89,31 +88,16 @@ QSqlQuery DrinkStore::select(const QString &jetSql)
 
 void DrinkStore::selectIdNames(const QString &jetSql, std::vector<qint32> &ids, QStringList &names)
 {
-    const QVariant handle = database().driver()->handle();
-    auto *db = handle.isValid() ? *static_cast<sqlite3 *const *>(handle.data()) : nullptr;
-    if (!db) {
-        QSqlQuery q = select(jetSql);
-        while (q.next()) {
-            ids.push_back(q.value(0).toInt());
-            names.push_back(q.value(1).toString());
+    try {
+        EngineReader rows(*this, jetToSqlite(jetSql));
+        while (rows.next()) {
+            ids.push_back(rows.integer(0));
+            names.push_back(rows.text(1));
         }
-        return;
+    } catch (const StoreError &e) {
+        // The user's statement, not its translation, names the failure.
+        throw StoreError(e.engineText(), jetSql);
     }
-    const QByteArray sql = jetToSqlite(jetSql).toUtf8();
-    sqlite3_stmt *stmt = nullptr;
-    if (sqlite3_prepare_v2(db, sql.constData(), int(sql.size()), &stmt, nullptr) != SQLITE_OK)
-        throw StoreError(QString::fromUtf8(sqlite3_errmsg(db)), jetSql);
-    int rc;
-    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
-        ids.push_back(sqlite3_column_int(stmt, 0));
-        const auto *text = static_cast<const char16_t *>(sqlite3_column_text16(stmt, 1));
-        names.push_back(text ? QString(reinterpret_cast<const QChar *>(text), sqlite3_column_bytes16(stmt, 1) / 2)
-                             : QString());
-    }
-    const QString error = rc == SQLITE_DONE ? QString() : QString::fromUtf8(sqlite3_errmsg(db));
-    sqlite3_finalize(stmt);
-    if (!error.isEmpty())
-        throw StoreError(error, jetSql);
 }
 
 QVariant DrinkStore::scalar(const QString &jetSql)

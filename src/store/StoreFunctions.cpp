@@ -41,12 +41,17 @@ void registerStoreFunctions(sqlite3 *db)
                             nullptr, nullptr);
 }
 
-bool registerStoreFunctions(const QSqlDatabase &db)
+sqlite3 *sqliteHandle(const QSqlDatabase &db)
 {
     const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
     if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        return false;
-    auto *h = *static_cast<sqlite3 *const *>(handle.data());
+        return nullptr;
+    return *static_cast<sqlite3 *const *>(handle.data());
+}
+
+bool registerStoreFunctions(const QSqlDatabase &db)
+{
+    sqlite3 *h = sqliteHandle(db);
     if (!h)
         return false;
     registerStoreFunctions(h);
