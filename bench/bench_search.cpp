@@ -3,7 +3,7 @@
 #include "BenchRegistry.h"
 
 #include "search/AdvancedSearch.h"
-#include "search/SearchDialogs.h"
+#include "search/SearchResults.h"
 #include "search/SearchSql.h"
 #include "store/DrinkStore.h"
 
@@ -64,12 +64,7 @@ void simpleSearchCase(Bench::Registry &registry, const Bench::Store &copy)
         [path = copy.path, sql](benchmark::State &state) {
             DrinkStore db(path);
             // As frmSearch's OK: the emptying and the new rows in one transaction.
-            const auto search = [&] {
-                ScopedTransaction tx(db);
-                ClearSearchResults(db);
-                db.execute(sql);
-                tx.commit();
-            };
+            const auto search = [&] { ReplaceSearchResults(db, sql); };
             search();
             for (auto _ : state)
                 search();
@@ -133,10 +128,7 @@ void advancedSearchCase(Bench::Registry &registry, const Bench::Store &copy, Dri
                 const QList<SearchCandidate> drinks = FindIngredientMatches(db, q);
                 if (drinks.isEmpty())
                     return;
-                ScopedTransaction tx(db);
-                ClearSearchResults(db);
-                AppendSearchResults(db, drinks);
-                tx.commit();
+                ReplaceSearchResults(db, drinks);
             };
             search();
             for (auto _ : state)

@@ -9,13 +9,6 @@
 #include <QCoreApplication>
 #include <QSqlQuery>
 
-void ClearSearchResults(DrinkStore &store)
-{
-    store.execute(kDeleteSearchResults);
-    // Repaints only: a click now must not act on a dialog that is halfway through its search.
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
-
 bool ShowSearchDialog(int kind, DrinkStore &store, CDrinkFacade &facade, QWidget *parent)
 {
     if (kind >= SearchKind::ByName && kind <= SearchKind::ByCategory) {

@@ -9,6 +9,3 @@ class QWidget;
 // SearchResults: the main list then turns to search mode. A kind outside 301 to 307 shows
 // nothing. Throws StoreError when a list the dialog needs cannot be read.
 bool ShowSearchDialog(int kind, DrinkStore &store, CDrinkFacade &facade, QWidget *parent);
-
-// Empties SearchResults and lets the screen catch up before the new results are written.
-void ClearSearchResults(DrinkStore &store);

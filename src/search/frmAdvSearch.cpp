@@ -2,7 +2,7 @@
 
 #include "base/VbConvert.h"
 #include "search/SavedSearch.h"
-#include "search/SearchDialogs.h"
+#include "search/SearchResults.h"
 #include "store/DrinkStore.h"
 #include "widgets/ApplyScheme.h"
 
@@ -316,10 +316,7 @@ void frmAdvSearch::cmdOK_Click()
     try {
         const AdvancedQuery query = ComposeAdvancedSearch(searchRows());
         if (!query.ingredientPath) {
-            ScopedTransaction tx(m_store);
-            ClearSearchResults(m_store);
-            m_store.execute(query.sql);
-            tx.commit();
+            ReplaceSearchResults(m_store, query.sql);
         } else {
             const QList<SearchCandidate> found = FindIngredientMatches(m_store, query);
             if (found.isEmpty()) {
@@ -328,10 +325,7 @@ void frmAdvSearch::cmdOK_Click()
                 unsetCursor();
                 return;
             }
-            ScopedTransaction tx(m_store);
-            ClearSearchResults(m_store);
-            AppendSearchResults(m_store, found);
-            tx.commit();
+            ReplaceSearchResults(m_store, found);
         }
     } catch (const std::exception &e) {
         // The dialog stays open with its wait cursor, so the user can mend the criteria.

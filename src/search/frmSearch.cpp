@@ -1,6 +1,6 @@
 #include "search/frmSearch.h"
 
-#include "search/SearchDialogs.h"
+#include "search/SearchResults.h"
 #include "search/SearchSql.h"
 #include "store/DrinkStore.h"
 #include "store/StoreError.h"
@@ -148,11 +148,7 @@ void frmSearch::OK_Click()
         value = QString::number(cmbSearch->currentData().toInt());
     }
     try {
-        // A refused statement rolls the emptying back: the earlier results stay whole.
-        ScopedTransaction tx(m_store);
-        ClearSearchResults(m_store);
-        m_store.execute(SimpleSearchSQL(SearchKind, value));
-        tx.commit();
+        ReplaceSearchResults(m_store, SimpleSearchSQL(SearchKind, value));
     } catch (const StoreError &e) {
         unsetCursor();
         QMessageBox::critical(this, QStringLiteral("Corvane"), e.engineText());
