@@ -1,7 +1,7 @@
 #include "StoreGenerator.h"
 
 #include "GeneratorVocabulary.h"
-#include "SqliteWriter.h"
+#include "store/StoreWriter.h"
 
 #include "base/Currency.h"
 #include "base/LineCost.h"
@@ -334,9 +334,9 @@ PriceSettings storePriceSettings()
     return s;
 }
 
-void writeReference(SqliteWriter::Connection &c, const std::vector<Ingredient> &ingredients)
+void writeReference(StoreWriter::Connection &c, const std::vector<Ingredient> &ingredients)
 {
-    using SqliteWriter::Statement;
+    using StoreWriter::Statement;
     auto idNames = [&c](const char *sql, std::span<const IdName> rows) {
         Statement s(c, sql);
         for (const IdName &r : rows)
@@ -379,10 +379,10 @@ std::string description(Random &random)
     return text;
 }
 
-void writeDrinks(SqliteWriter::Connection &c, Random &random, const std::vector<Ingredient> &ingredients, int count,
+void writeDrinks(StoreWriter::Connection &c, Random &random, const std::vector<Ingredient> &ingredients, int count,
                  StoreGenerator::Summary &summary)
 {
-    using SqliteWriter::Statement;
+    using StoreWriter::Statement;
     Statement drink(c, "INSERT INTO Drinks (id, Name, GlassType, Description, Comments, Price, Cost, BuildID, "
                        "GarnishID, RatingID, LockPrice, ImageFilePath, Marked, LiqCab) "
                        "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, '', ?, ?)");
@@ -500,7 +500,7 @@ Summary generate(const QString &appDir, const Options &options)
 
     Summary summary;
     {
-        SqliteWriter::Connection c(path, SqliteWriter::Connection::Create);
+        StoreWriter::Connection c(path, StoreWriter::Connection::Create);
         // A new file written in one go: nothing to protect until the commit.
         c.exec("PRAGMA synchronous = OFF");
         c.exec("PRAGMA journal_mode = MEMORY");

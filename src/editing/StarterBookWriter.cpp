@@ -3,94 +3,14 @@
 #include "base/VbConvert.h"
 #include "editing/Measures.h"
 #include "store/StoreError.h"
-#include "store/StoreFunctions.h"
+#include "store/StoreWriter.h"
 
-#include <QFile>
 #include <sqlite3.h>
 
 namespace {
 
-class Connection {
-public:
-    explicit Connection(const QString &path)
-    {
-        if (sqlite3_open_v2(QFile::encodeName(path).constData(), &m_db, SQLITE_OPEN_READWRITE, nullptr) !=
-            SQLITE_OK) {
-            const QString text = QString::fromUtf8(sqlite3_errmsg(m_db));
-            sqlite3_close(m_db);
-            throw StoreError(text, path);
-        }
-        registerStoreFunctions(m_db);
-    }
-    ~Connection() { sqlite3_close(m_db); }
-    Connection(const Connection &) = delete;
-    Connection &operator=(const Connection &) = delete;
-
-    sqlite3 *handle() const { return m_db; }
-    QString error() const { return QString::fromUtf8(sqlite3_errmsg(m_db)); }
-
-    void exec(const QString &sql)
-    {
-        if (sqlite3_exec(m_db, sql.toUtf8().constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
-            throw StoreError(error(), sql);
-    }
-
-private:
-    sqlite3 *m_db = nullptr;
-};
-
-// A prepared statement run once per row: bind the values, run, and it is ready for the next.
-class Statement {
-public:
-    Statement(Connection &c, const QString &sql) : m_c(c), m_sql(sql)
-    {
-        if (sqlite3_prepare_v2(c.handle(), sql.toUtf8().constData(), -1, &m_stmt, nullptr) != SQLITE_OK)
-            throw StoreError(c.error(), sql);
-    }
-    ~Statement() { sqlite3_finalize(m_stmt); }
-    Statement(const Statement &) = delete;
-    Statement &operator=(const Statement &) = delete;
-
-    Statement &text(int i, const QString &v)
-    {
-        const QByteArray utf8 = v.toUtf8();
-        check(
-            sqlite3_bind_text(m_stmt, i, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT));
-        return *this;
-    }
-    Statement &integer(int i, qint64 v)
-    {
-        check(sqlite3_bind_int64(m_stmt, i, v));
-        return *this;
-    }
-    Statement &real(int i, double v)
-    {
-        check(sqlite3_bind_double(m_stmt, i, v));
-        return *this;
-    }
-    // Currency columns hold decimal values: 3.5, not 35000.
-    Statement &money(int i, Currency v) { return real(i, v.toDouble()); }
-
-    void run()
-    {
-        const int rc = sqlite3_step(m_stmt);
-        sqlite3_reset(m_stmt);
-        sqlite3_clear_bindings(m_stmt);
-        if (rc != SQLITE_DONE)
-            throw StoreError(m_c.error(), m_sql);
-    }
-
-private:
-    void check(int rc)
-    {
-        if (rc != SQLITE_OK)
-            throw StoreError(m_c.error(), m_sql);
-    }
-
-    Connection &m_c;
-    QString m_sql;
-    sqlite3_stmt *m_stmt = nullptr;
-};
+using StoreWriter::Connection;
+using StoreWriter::Statement;
 
 void writeReference(Connection &c, const StarterBook &book)
 {

@@ -1,11 +1,12 @@
-#include "SqliteWriter.h"
+#include "store/StoreWriter.h"
 
 #include "store/StoreError.h"
+#include "store/StoreFunctions.h"
 
 #include <QFile>
 #include <sqlite3.h>
 
-namespace SqliteWriter {
+namespace StoreWriter {
 
 Connection::Connection(const QString &path, Mode mode)
 {
@@ -15,34 +16,33 @@ Connection::Connection(const QString &path, Mode mode)
         sqlite3_close(m_db);
         throw StoreError(text, path);
     }
+    registerStoreFunctions(m_db);
 }
 
-Connection::~Connection()
-{
-    sqlite3_close(m_db);
-}
+Connection::~Connection() { sqlite3_close(m_db); }
 
-QString Connection::error() const
-{
-    return QString::fromUtf8(sqlite3_errmsg(m_db));
-}
+QString Connection::error() const { return QString::fromUtf8(sqlite3_errmsg(m_db)); }
 
 void Connection::exec(const char *sql)
 {
-    if (sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw StoreError(error(), QString::fromUtf8(sql));
+    char *err = nullptr;
+    if (sqlite3_exec(m_db, sql, nullptr, nullptr, &err) != SQLITE_OK) {
+        const QString text = QString::fromUtf8(err ? err : sqlite3_errmsg(m_db));
+        sqlite3_free(err);
+        throw StoreError(text, QString::fromUtf8(sql));
+    }
 }
 
-Statement::Statement(Connection &c, const char *sql) : m_c(c), m_sql(sql)
+void Connection::exec(const QString &sql) { exec(sql.toUtf8().constData()); }
+
+Statement::Statement(Connection &c, const QString &sql) : m_c(c), m_sql(sql)
 {
-    if (sqlite3_prepare_v2(c.handle(), sql, -1, &m_stmt, nullptr) != SQLITE_OK)
-        throw StoreError(c.error(), QString::fromUtf8(sql));
+    const QByteArray utf8 = sql.toUtf8();
+    if (sqlite3_prepare_v2(c.handle(), utf8.constData(), int(utf8.size()), &m_stmt, nullptr) != SQLITE_OK)
+        throw StoreError(c.error(), sql);
 }
 
-Statement::~Statement()
-{
-    sqlite3_finalize(m_stmt);
-}
+Statement::~Statement() { sqlite3_finalize(m_stmt); }
 
 Statement &Statement::integer(int i, qint64 v)
 {
@@ -87,13 +87,13 @@ void Statement::run()
     sqlite3_reset(m_stmt);
     sqlite3_clear_bindings(m_stmt);
     if (rc != SQLITE_DONE)
-        throw StoreError(m_c.error(), QString::fromUtf8(m_sql));
+        throw StoreError(m_c.error(), m_sql);
 }
 
 void Statement::check(int rc)
 {
     if (rc != SQLITE_OK)
-        throw StoreError(m_c.error(), QString::fromUtf8(m_sql));
+        throw StoreError(m_c.error(), m_sql);
 }
 
-} // namespace SqliteWriter
+} // namespace StoreWriter
