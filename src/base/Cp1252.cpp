@@ -1,5 +1,7 @@
 #include "base/Cp1252.h"
 
+#include <QStringDecoder>
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -70,3 +72,15 @@ QByteArray encode(const QString &text)
 }
 
 } // namespace Cp1252
+
+QString Cp1252::decodeFile(const QByteArray &bytes)
+{
+    const bool ascii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
+    if (!ascii) {
+        QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+        const QString text = utf8.decode(bytes);
+        if (!utf8.hasError())
+            return text;
+    }
+    return decode(bytes);
+}

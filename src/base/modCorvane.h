@@ -13,14 +13,14 @@ enum : quint32 {
     SysWindowText = 0x80000008,
     SysHighlight = 0x8000000D,
     SysButtonFace = 0x8000000F,
-    SysGrayText = 0x80000010,
+    SysButtonShadow = 0x80000010,
 };
 
 struct State {
     int currentView = 6;
     quint32 schemeTextColor = SysWindowText;
     quint32 schemeHighlightColor = SysHighlight;
-    quint32 schemeAccentColor = SysGrayText;
+    quint32 schemeAccentColor = SysButtonShadow;
     quint32 schemeBackgroundColor = SysButtonFace;
     quint32 missingIngColor = 0;
     qint32 colorSchemeID = 64;

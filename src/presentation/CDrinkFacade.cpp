@@ -127,7 +127,7 @@ void CDrinkFacade::setCurrentHTMLTemplatePath(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() <= 0)
         return;
-    m_templateText = Cp1252::decode(file.readAll());
+    m_templateText = Cp1252::decodeFile(file.readAll());
 }
 
 void CDrinkFacade::setCurrentHTMLTemplateRoot(const QString &path)

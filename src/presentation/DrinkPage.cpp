@@ -100,7 +100,7 @@ quint32 resolveColor(quint32 value)
         return systemColorValue(13, 0xD77800);
     case modCorvane::SysButtonFace:
         return systemColorValue(15, 0xF0F0F0);
-    case modCorvane::SysGrayText:
+    case modCorvane::SysButtonShadow:
         return systemColorValue(16, 0xA0A0A0);
     default:
         return ColorValues::White;
@@ -190,10 +190,10 @@ QString DrinkPageBuilder::WriteGlassPicture(QString page)
     if (glass < 1 || glass > 24)
         glass = kUnknownGlassPicture;
     page = ReplaceToken(page, QStringLiteral("Glassware"), m_facade.GetGlassName(glass));
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 
     saveGlassBitmap(QStringLiteral("%1/glass/%2.png").arg(m_appDir).arg(glass, 2, 10, QChar(u'0')), target);
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 
     return ReplaceToken(page, QStringLiteral("GlassImagePath"), target);
 }

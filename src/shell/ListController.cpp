@@ -113,6 +113,8 @@ bool ListController::reload(const QString &sql)
     try {
         m_model->load(*m_store, sql);
         listSQL = sql;
+        // The new list stands on its first row; whether its page is shown is the caller's choice.
+        selectRowQuietly(m_model->rowCount() > 0 ? 0 : -1);
         return true;
     } catch (const StoreError &e) {
         // A quote in a typed text breaks the statement: say why and keep the list as it was.
@@ -217,9 +219,7 @@ void ListController::timerQS_Timer()
 {
     timerQS->stop();
     // The page is left alone: it follows only when the selected row changes.
-    m_quietSelection = true;
     reload(QuickSearchSQL(quickSearchText, searchActive));
-    m_quietSelection = false;
 }
 
 void ListController::SizeListColumns()
@@ -227,19 +227,35 @@ void ListController::SizeListColumns()
     gridDrinkNames->setColumnHidden(DrinkListModel::IdColumn, true);
 }
 
+int ListController::selectedRow() const
+{
+    const int rows = m_model->rowCount();
+    if (rows == 0)
+        return -1;
+    const QModelIndex current = gridDrinkNames->currentIndex();
+    return current.isValid() && current.row() < rows ? current.row() : 0;
+}
+
+const std::vector<qint32> &ListController::rowsOnScreen() const { return m_model->ids(); }
+
+void ListController::selectRowQuietly(int row)
+{
+    m_quietSelection = true;
+    if (row < 0)
+        gridDrinkNames->setCurrentIndex(QModelIndex());
+    else
+        gridDrinkNames->selectRow(row);
+    m_quietSelection = false;
+}
+
 void ListController::ShowSelectedDrink()
 {
     const int rows = m_model->rowCount();
     qint32 id = 0;
     if (rows > 0) {
-        int row = gridDrinkNames->currentIndex().isValid() ? gridDrinkNames->currentIndex().row() : -1;
-        if (row < 0) {
-            // A fresh list stands on its first row, as the grid always has.
-            m_quietSelection = true;
-            gridDrinkNames->selectRow(0);
-            m_quietSelection = false;
-            row = 0;
-        }
+        const int row = selectedRow();
+        if (gridDrinkNames->currentIndex().row() != row)
+            selectRowQuietly(row);
         sbCount->setText(QStringLiteral("Drink %1 of %2").arg(row + 1).arg(rows));
         id = m_model->idAt(row);
     } else {

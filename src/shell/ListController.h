@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <vector>
 
 class DrinkListModel;
 class DrinkStore;
@@ -37,6 +38,13 @@ public:
     QString listStatement() const { return listSQL; }
     void setTabColors(const TabColors &colors);
     void ShowSelectedDrink();
+    // The selected row of the list on screen, or -1 when the list is empty. A list with rows
+    // always has one: after every load the grid stands on its first row, as it always has.
+    int selectedRow() const;
+    // The ids of the rows on screen, in their order: what "Mark All" and friends act on.
+    const std::vector<qint32> &rowsOnScreen() const;
+    // Selects a row without showing its page (a command puts the selection back).
+    void selectRowQuietly(int row);
 
 signals:
     void showDrink(qint32 drinkID);

@@ -16,12 +16,15 @@
 #include "shell/frmAboutBox.h"
 #include "shell/frmColorScheme.h"
 #include "shell/frmOptions.h"
+#include "store/DrinkFlags.h"
 #include "store/DrinkStore.h"
+#include "widgets/DelayedProgress.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QTableView>
 #include <QUrl>
 
@@ -123,15 +126,10 @@ void frmMain::RunCommand(int command)
 
 bool frmMain::selectedDrink(qint32 &id, QString &name) const
 {
-    const QModelIndex current = m_list->grid()->currentIndex();
-    id = 0;
-    name.clear();
-    if (m_listModel->rowCount() == 0)
-        return false;
-    const int row = current.isValid() ? current.row() : 0;
+    const int row = m_list->selectedRow();
     id = m_listModel->idAt(row);
     name = m_listModel->nameAt(row);
-    return true;
+    return row >= 0;
 }
 
 void frmMain::DeleteDrink()
@@ -164,23 +162,26 @@ void frmMain::CopyToClipboard(bool append)
 
 void frmMain::MarkAll(bool mark)
 {
-    // Works on the rows of the list on screen, "Unmark All" included.
-    const QModelIndex current = m_list->grid()->currentIndex();
-    if (!current.isValid())
+    // Works on the rows of the list on screen, "Unmark All" included; an empty list has no
+    // selected row and nothing happens.
+    const int row = m_list->selectedRow();
+    if (row < 0)
         return;
+    const std::vector<qint32> ids = m_list->rowsOnScreen();
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    try {
+    const auto restoreCursor = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+    {
         ScopedTransaction tx(*m_store);
-        for (qint32 id : m_listModel->ids())
-            m_facade->SetDrinkMark(mark, id);
+        DelayedProgress progress(this, mark ? QStringLiteral("Mark All in Current List") : QStringLiteral("Unmark All"),
+                                 ids.size());
+        // Cancel leaves every mark as it was.
+        if (!setDrinkFlag(*m_store, QStringLiteral("Marked"), mark ? 1 : 0, ids,
+                          [&](std::size_t done) { return progress.tick(done); }))
+            return;
         tx.commit();
-    } catch (...) {
-        QApplication::restoreOverrideCursor();
-        throw;
     }
-    m_list->grid()->setCurrentIndex(current);
+    m_list->selectRowQuietly(row);
     ShowSelectedDrink();
-    QApplication::restoreOverrideCursor();
 }
 
 void frmMain::OpenHelp(int command)

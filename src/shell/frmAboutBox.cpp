@@ -1,5 +1,7 @@
 #include "shell/frmAboutBox.h"
 
+#include "widgets/ApplyScheme.h"
+
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -56,6 +58,9 @@ frmAboutBox::frmAboutBox(QWidget *parent) : QDialog(parent)
     buttons->addWidget(done);
     layout->addLayout(buttons);
     setMinimumWidth(380);
+
+    // Form_Load
+    ApplySchemeToForm(this);
 }
 
 void frmAboutBox::Command1_Click()

@@ -27,6 +27,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QUrl>
 #include <QSplitter>
 #include <QStatusBar>
@@ -75,7 +76,6 @@ void frmMain::buildWidgets()
     logoFont.setBold(true);
     pnlLogo->setFont(logoFont);
     connect(pnlLogo, &QPushButton::clicked, this, &frmMain::pnlLogo_Click);
-    pnlLogo->setToolTip(QStringLiteral("About Corvane"));
     leftLayout->addWidget(pnlLogo);
 
     m_listModel = new DrinkListModel();
@@ -221,13 +221,25 @@ void frmMain::ShowDrink(qint32 drinkID)
 {
     if (!m_facade)
         return;
-    guarded([&] {
-        const QString html = m_facade->drinkAsHTML(drinkID);
-        QString error;
-        if (PageFiles::writePageFile(AppPaths::appDir(), html, &error).isEmpty())
-            sbMain->setText(error); // the page still shows; only its file could not be kept
-        showPage(html);
-    });
+    // A page is built from one drink. The builder lets the screen paint on its way, so a new
+    // request can arrive meanwhile (a hand-over, a timer): it waits, and when the page ends
+    // only the latest request is built, so the page on screen is the drink asked for last.
+    m_pendingDrink = drinkID;
+    if (m_buildingPage)
+        return;
+    m_buildingPage = true;
+    const auto done = qScopeGuard([this] { m_buildingPage = false; });
+    while (m_pendingDrink) {
+        const qint32 id = *m_pendingDrink;
+        m_pendingDrink.reset();
+        guarded([&] {
+            const QString html = m_facade->drinkAsHTML(id);
+            QString error;
+            if (PageFiles::writePageFile(AppPaths::appDir(), html, &error).isEmpty())
+                sbMain->setText(error); // the page still shows; only its file could not be kept
+            showPage(html);
+        });
+    }
 }
 
 void frmMain::showPage(const QString &html)
@@ -252,8 +264,9 @@ void frmMain::pnlLogo_Click()
 
 void frmMain::bringForward()
 {
+    // A minimised window comes back as it was before, maximised or not.
     if (isMinimized())
-        showNormal();
+        setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
 }

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "base/CommandLine.h"
 
@@ -80,4 +81,6 @@ private:
     CommandPanels *pnlCommands = nullptr;
 
     bool m_openedByMap = false;
+    bool m_buildingPage = false;
+    std::optional<qint32> m_pendingDrink;
 };

@@ -346,7 +346,7 @@ void tst_DrinkPage::colorsWrittenBack()
 {
     modCorvane::State &s = modCorvane::state();
     s.schemeTextColor = modCorvane::SysWindowText;
-    s.schemeAccentColor = modCorvane::SysGrayText;
+    s.schemeAccentColor = modCorvane::SysButtonShadow;
     s.missingIngColor = 0x80000005;
     QCOMPARE(page(5, QStringLiteral("!#!#AccentColor!#!#<!-StartIng>!#!#IngColor!#!#;<!-EndIng>")),
              QStringLiteral("A0A0A0<!-StartIng>000000;FFFFFF;"));

@@ -13,7 +13,11 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QSet>
+#include <QSqlQuery>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -32,6 +36,9 @@ private slots:
     void viewChangeSavesLastView();
     void unwritableSettingsReachAMessage();
     void aboutBox();
+    void markAllActsOnTheListOnScreen_data();
+    void markAllActsOnTheListOnScreen();
+    void pageBelongsToTheLastSelectedDrink();
 
 private:
     // Answers the next message box and returns its text.
@@ -153,7 +160,9 @@ void tst_FrmMain::unwritableSettingsReachAMessage()
 
 void tst_FrmMain::aboutBox()
 {
+    modCorvane::state().schemeBackgroundColor = 0x203040;
     frmAboutBox box;
+    QCOMPARE(box.palette().color(QPalette::Window), QColor(0x40, 0x30, 0x20)); // the scheme's colours
     QCOMPARE(box.findChild<QLabel *>(QStringLiteral("lblVer"))->text(), QStringLiteral("Version 6.0u"));
     auto *thanksButton = box.findChild<QPushButton *>(QStringLiteral("Command1"));
     auto *thanks = box.findChild<QWidget *>(QStringLiteral("Thanks"));
@@ -165,6 +174,106 @@ void tst_FrmMain::aboutBox()
     thanksButton->click();
     QVERIFY(thanks->isHidden());
     QCOMPARE(thanksButton->text(), QStringLiteral("&Thanks To..."));
+}
+
+namespace {
+QSet<qint32> markedIds(DrinkStore &store)
+{
+    QSet<qint32> ids;
+    QSqlQuery q = store.select(QStringLiteral("SELECT ID FROM Drinks WHERE Marked = True"));
+    while (q.next())
+        ids.insert(q.value(0).toInt());
+    return ids;
+}
+
+QSet<qint32> onScreen(const DrinkListModel &model)
+{
+    return QSet<qint32>(model.ids().begin(), model.ids().end());
+}
+} // namespace
+
+void tst_FrmMain::markAllActsOnTheListOnScreen_data()
+{
+    QTest::addColumn<int>("command");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("rows");
+    QTest::newRow("mark after a quick search") << 402 << "Ma" << 7;
+    QTest::newRow("unmark after a quick search") << 403 << "ma" << 7;
+    QTest::newRow("typed quote") << 402 << "Bee's" << 1;
+    QTest::newRow("nothing found") << 402 << "Zzq" << 0;
+}
+
+void tst_FrmMain::markAllActsOnTheListOnScreen()
+{
+    QFETCH(int, command);
+    QFETCH(QString, typed);
+    QFETCH(int, rows);
+    TestStore book(QString(), true);
+    AppPaths::setAppDir(book.appDir());
+    const bool mark = command == 402;
+    // Unmarking starts from a book where every drink is marked.
+    book.store().execute(mark ? QStringLiteral("UPDATE Drinks SET Marked = False")
+                              : QStringLiteral("UPDATE Drinks SET Marked = True"));
+    const QSet<qint32> before = markedIds(book.store());
+    frmMain w;
+    QVERIFY(w.Form_Load(QString()));
+    w.RunCommand(207);
+    QTest::keyClicks(w.findChild<QLineEdit *>(QStringLiteral("txtQuickSearch")), typed);
+    QTRY_COMPARE(w.listModel()->rowCount(), rows);
+    const QString page = w.findChild<QTextBrowser *>(QStringLiteral("wbMain"))->toPlainText();
+
+    w.RunCommand(command);
+
+    const QSet<qint32> shown = onScreen(*w.listModel());
+    QCOMPARE(markedIds(book.store()), mark ? before + shown : before - shown);
+    if (rows > 0) {
+        // The list stands where it stood, and its selected drink is the one on the page.
+        QCOMPARE(w.list()->selectedRow(), 0);
+        QCOMPARE(w.findChild<QLabel *>(QStringLiteral("sbCount"))->text(), QStringLiteral("Drink 1 of %1").arg(rows));
+        QCOMPARE(w.drinkFacade()->currentDrinkID(), w.listModel()->idAt(0));
+    } else {
+        QCOMPARE(w.findChild<QTextBrowser *>(QStringLiteral("wbMain"))->toPlainText(), page);
+    }
+}
+
+void tst_FrmMain::pageBelongsToTheLastSelectedDrink()
+{
+    TestStore book(QString(), true);
+    AppPaths::setAppDir(book.appDir());
+    frmMain w;
+    QVERIFY(w.Form_Load(QString()));
+    w.drinkFacade()->setCurrentHTMLTemplatePath(QStringLiteral(CORVANE_SOURCE_DATA_DIR "/Templates/Standard.cvt"));
+    w.RunCommand(207);
+    w.show();
+    auto *grid = w.list()->grid();
+    grid->setFocus();
+    // Two row changes queued at once, as a held Down arrow gives them: the second arrives
+    // while the first page is being built.
+    for (int i = 0; i < 2; ++i) {
+        QCoreApplication::postEvent(grid, new QKeyEvent(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier));
+        QCoreApplication::postEvent(grid, new QKeyEvent(QEvent::KeyRelease, Qt::Key_Down, Qt::NoModifier));
+    }
+    QTRY_COMPARE(w.list()->selectedRow(), 2);
+    QCoreApplication::processEvents();
+    const qint32 id = w.listModel()->idAt(2);
+    const QString page = w.findChild<QTextBrowser *>(QStringLiteral("wbMain"))->toPlainText();
+    QVERIFY2(page.trimmed().startsWith(w.listModel()->nameAt(2)), qPrintable(page.left(60)));
+    // Every ingredient on the page is the drink's own, and every one of its own is there.
+    QSqlQuery all = book.store().select(QStringLiteral("SELECT DrinkID, Ingredient FROM DrinkIngredients "
+                                                       "WHERE DrinkID IN (%1, %2, %3)")
+                                            .arg(w.listModel()->idAt(0))
+                                            .arg(w.listModel()->idAt(1))
+                                            .arg(id));
+    int own = 0;
+    while (all.next()) {
+        const QString ingredient = all.value(1).toString();
+        if (all.value(0).toInt() == id) {
+            ++own;
+            QVERIFY2(page.contains(ingredient), qPrintable(ingredient + QStringLiteral("\n") + page));
+        }
+    }
+    QVERIFY(own > 0);
+    QCOMPARE(w.drinkFacade()->currentDrinkID(), id);
 }
 
 QTEST_MAIN(tst_FrmMain)
