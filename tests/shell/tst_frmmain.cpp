@@ -39,6 +39,7 @@ private slots:
     void markAllActsOnTheListOnScreen_data();
     void markAllActsOnTheListOnScreen();
     void pageBelongsToTheLastSelectedDrink();
+    void markingFromTheUnmarkedTab();
 
 private:
     // Answers the next message box and returns its text.
@@ -274,6 +275,34 @@ void tst_FrmMain::pageBelongsToTheLastSelectedDrink()
     }
     QVERIFY(own > 0);
     QCOMPARE(w.drinkFacade()->currentDrinkID(), id);
+}
+
+void tst_FrmMain::markingFromTheUnmarkedTab()
+{
+    TestStore book(QString(), true);
+    AppPaths::setAppDir(book.appDir());
+    book.store().execute(QStringLiteral("UPDATE Drinks SET Marked = False"));
+    book.store().execute(QStringLiteral("UPDATE Drinks SET Marked = True WHERE Name < 'B'"));
+    frmMain w;
+    QVERIFY(w.Form_Load(QString()));
+    w.RunCommand(205);
+    const auto clickTab = [&](int tab) {
+        QTest::mouseClick(w.findChild<QLabel *>(QStringLiteral("pnlListSet%1").arg(tab)), Qt::LeftButton);
+    };
+    // "Show Unmarked Only", then the tab of S: the unmarked drinks from S to T.
+    w.findChild<QRadioButton *>(QStringLiteral("ssoptUnmarked"))->click();
+    clickTab(19);
+    const QSet<qint32> sDrinks = onScreen(*w.listModel());
+    QVERIFY(sDrinks.size() > 3);
+    for (int row = 0; row < w.listModel()->rowCount(); ++row)
+        QVERIFY(w.listModel()->nameAt(row).startsWith(u'S', Qt::CaseInsensitive));
+    const QSet<qint32> before = markedIds(book.store());
+    w.RunCommand(402);
+    QCOMPARE(markedIds(book.store()), before + sDrinks);
+    // The marked side of the same tab now lists exactly them.
+    w.findChild<QRadioButton *>(QStringLiteral("ssoptMarked"))->click();
+    clickTab(19);
+    QCOMPARE(onScreen(*w.listModel()), sDrinks);
 }
 
 QTEST_MAIN(tst_FrmMain)
