@@ -130,6 +130,7 @@ QWidget *frmAddEdit::buildGlassPage()
     grid->addWidget(lblGlasswareDesc, 2, 1);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
+    grid->setRowStretch(2, 1);
     return page;
 }
 
