@@ -146,6 +146,8 @@ void frmAddEdit::buildFrame()
 void frmAddEdit::Form_Load()
 {
     ApplySchemeToForm(this);
+    // The tree keeps the platform's colours, its branch marks included, on any scheme.
+    tvIng->setPalette(QGuiApplication::palette());
     ShowPage(0);
     LoadLists();
 }
