@@ -15,6 +15,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QTableView>
 #include <QTextBrowser>
 #include <QTimer>
@@ -27,6 +28,8 @@ class tst_FrmAddEdit : public QObject {
 private slots:
     void init();
     void addPriceSaveEditCopy();
+    void linesMoveAndRemove();
+    void tabsFollowTheScheme();
 
 private:
     // Runs a command whose dialog the driver works while it is open.
@@ -192,6 +195,80 @@ void tst_FrmAddEdit::addPriceSaveEditCopy()
     QCOMPARE(s.scalar(QStringLiteral("SELECT COUNT(*) FROM DrinkRel WHERE DrinkID = %1").arg(copyId)).toInt(), 4);
     QCOMPARE(s.scalar(QStringLiteral("SELECT Name FROM Drinks WHERE id = %1").arg(newId)).toString(), name);
     QCOMPARE(w.listModel()->idAt(w.list()->selectedRow()), copyId);
+}
+
+namespace {
+const char *kSmallBook = R"(
+INSERT INTO Ingredients (id, Ingredient, UnitType, ozperunit, unitprice) VALUES
+  (1, 'Gin', 'Fifth', 25.4, 15.99), (2, 'Vermouth', 'Fifth', 25.4, 8.99), (3, 'Olive', 'Jar', 40, 3.99);
+INSERT INTO Drinks (id, Name, Cost) VALUES (1, 'Martini', 1.5);
+INSERT INTO DrinkRel (DrinkID, IngID, seq, amount, MetricAmount, measure) VALUES
+  (1, 1, 1, '2 oz', '6.0 cl ', 2), (1, 2, 2, '0.5 oz', '1.5 cl ', 0.5), (1, 3, 3, '1 piece', '1 ml piece', 1);
+)";
+
+QStringList column(QAbstractItemModel *m, int c)
+{
+    QStringList out;
+    for (int r = 0; r < m->rowCount(); ++r)
+        out << m->index(r, c).data().toString();
+    return out;
+}
+} // namespace
+
+void tst_FrmAddEdit::linesMoveAndRemove()
+{
+    TestStore t(QString::fromUtf8(kSmallBook));
+    frmAddEdit dlg(t.store(), t.appDir());
+    dlg.Setup(true, false, 1);
+    auto *cfIng = dlg.findChild<QTableView *>(QStringLiteral("cfIng"));
+    auto *lines = cfIng->model();
+    auto *prices = dlg.findChild<QTableView *>(QStringLiteral("cfPrice"))->model();
+    auto click = [&](const char *name) { dlg.findChild<QPushButton *>(QString::fromLatin1(name))->click(); };
+    // The stored cost is the base of the shares until the cost is worked out again.
+    QCOMPARE(column(prices, 6), (QStringList{"83.94%", "11.80%", "6.65%"}));
+    cfIng->selectRow(0);
+    click("cmdMoveUp"); // the first line stays
+    QCOMPARE(column(lines, 3), (QStringList{"Gin", "Vermouth", "Olive"}));
+    click("cmdMoveDown");
+    QCOMPARE(column(lines, 3), (QStringList{"Vermouth", "Gin", "Olive"}));
+    QCOMPARE(column(prices, 1), (QStringList{"Vermouth", "Gin", "Olive"}));
+    QCOMPARE(cfIng->currentIndex().row(), 1);
+    cfIng->selectRow(2);
+    click("cmdMoveDown"); // the last line stays
+    QCOMPARE(column(lines, 3), (QStringList{"Vermouth", "Gin", "Olive"}));
+    click("cmdRemoveIng");
+    QCOMPARE(column(lines, 3), (QStringList{"Vermouth", "Gin"}));
+    // The breakdown keeps the removed line until it is worked out again.
+    QCOMPARE(prices->rowCount(), 3);
+    click("cmdResetCost");
+    QCOMPARE(dlg.findChild<QLineEdit *>(QStringLiteral("txtCost"))->text(), QStringLiteral("$1.54"));
+    QCOMPARE(prices->rowCount(), 2);
+    click("cmdResetCost");
+    QCOMPARE(dlg.findChild<QLineEdit *>(QStringLiteral("txtCost"))->text(), QStringLiteral("$1.44"));
+    cfIng->selectRow(0);
+    click("cmdRemoveIng");
+    click("cmdRemoveIng");
+    QCOMPARE(lines->rowCount(), 0);
+    QVERIFY(!dlg.findChild<QPushButton *>(QStringLiteral("cmdRemoveIng"))->isEnabled());
+}
+
+void tst_FrmAddEdit::tabsFollowTheScheme()
+{
+    TestStore t(QString::fromUtf8(kSmallBook));
+    // A scheme chosen after the start: the editor is built in its colours and still finds its page.
+    modCorvane::state().schemeHighlightColor = 0xE7B888;
+    modCorvane::state().schemeBackgroundColor = 0x14100D;
+    modCorvane::state().schemeTextColor = 0xF7F1EE;
+    frmAddEdit dlg(t.store(), t.appDir());
+    QCOMPARE(dlg.GetCurrentPage(), 0);
+    auto *tab = dlg.findChild<QWidget *>(QStringLiteral("pnlOpt3"));
+    QCOMPARE(tab->palette().color(QPalette::Window), QColor(0x0D, 0x10, 0x14));
+    dlg.ShowPage(3);
+    QCOMPARE(dlg.GetCurrentPage(), 3);
+    QCOMPARE(tab->palette().color(QPalette::Window), QColor(0x88, 0xB8, 0xE7));
+    // The active page's text is the negative of the scheme's text colour.
+    QCOMPARE(tab->palette().color(QPalette::WindowText), QColor(0x11, 0x0E, 0x08));
+    QCOMPARE(dlg.findChild<QStackedWidget *>()->currentWidget()->objectName(), QStringLiteral("pnlDisp3"));
 }
 
 QTEST_MAIN(tst_FrmAddEdit)
