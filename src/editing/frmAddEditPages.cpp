@@ -109,6 +109,12 @@ QWidget *frmAddEdit::buildIngredientPage()
     grid->setColumnStretch(1, 2);
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(3, 1);
+    // A line is typed left to right and added: name, units, amount, "Add".
+    QWidget::setTabOrder(txtIngName, cmbIngUnits);
+    QWidget::setTabOrder(cmbIngUnits, txtAmount);
+    QWidget::setTabOrder(txtAmount, cmdAddIng);
+    QWidget::setTabOrder(cmdAddIng, tvIng);
+    QWidget::setTabOrder(tvIng, cfIng);
     return page;
 }
 
@@ -184,7 +190,7 @@ QWidget *frmAddEdit::buildPricingPage()
     auto *page = new QWidget(this);
     txtCost = named(new QLineEdit(page), "txtCost");
     txtPrice = named(new QLineEdit(page), "txtPrice");
-    cmdResetCost = button(QStringLiteral("Reset &Cost"), "cmdResetCost", page);
+    cmdResetCost = button(QStringLiteral("Reset C&ost"), "cmdResetCost", page);
     cmdResetPrice = button(QStringLiteral("Reset P&rice"), "cmdResetPrice", page);
     cmdPriceSettings = button(QStringLiteral("Price &Settings"), "cmdPriceSettings", page);
     // The prices dialog is not part of the program yet: its button waits for it.
