@@ -10,6 +10,7 @@
 #include "store/DrinkStore.h"
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
+#include "widgets/PlainMessage.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,12 +34,6 @@
 namespace {
 
 QColor resolved(quint32 value) { return ColorValues::toQColor(value, QGuiApplication::palette()); }
-
-void plainMessage(QWidget *parent, const QString &text)
-{
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Corvane"), text, QMessageBox::Ok, parent);
-    box.exec();
-}
 
 // Selects the entry whose item data is the id; none when no entry has it. An empty control is
 // left alone.

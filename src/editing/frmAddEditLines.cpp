@@ -5,6 +5,7 @@
 #include "presentation/TextGridModel.h"
 #include "reference/frmIngMaint.h"
 #include "widgets/HandlerGuard.h"
+#include "widgets/PlainMessage.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -13,16 +14,6 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTreeWidget>
-
-namespace {
-
-void plainMessage(QWidget *parent, const QString &text)
-{
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Corvane"), text, QMessageBox::Ok, parent);
-    box.exec();
-}
-
-} // namespace
 
 void frmAddEdit::resizeEvent(QResizeEvent *event)
 {

@@ -4,13 +4,13 @@
 #include "store/DrinkStore.h"
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
+#include "widgets/PlainMessage.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSqlQuery>
 
@@ -100,8 +100,7 @@ void frmIngAdd::cmdSave_Click()
         }
     });
     if (problem) {
-        QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Corvane"), *problem, QMessageBox::Ok, this);
-        box.exec();
+        plainMessage(this, *problem);
     }
     if (!added)
         return;

@@ -6,6 +6,7 @@
 #include "store/DrinkStore.h"
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
+#include "widgets/PlainMessage.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -66,11 +67,6 @@ QPushButton *button(const QString &caption, const char *name, const QString &tip
     return b;
 }
 
-void plainMessage(QWidget *parent, const QString &text)
-{
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Corvane"), text, QMessageBox::Ok, parent);
-    box.exec();
-}
 
 } // namespace
 
