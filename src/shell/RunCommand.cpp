@@ -8,7 +8,9 @@
 #include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
 #include "cabinet/frmLiquorCab.h"
+#include "editing/frmAddEdit.h"
 #include "editing/frmMetricConvert.h"
+#include "reference/frmIngMaint.h"
 #include "search/SearchDialogs.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
@@ -37,6 +39,26 @@ void frmMain::RunCommand(int command)
         case 6:
             QApplication::exit(0);
             break;
+        case 101:
+        case 102:
+        case 103: {
+            // Add, edit or copy. A saved drink is shown in the reloaded list, which stands on it
+            // when the view lists it.
+            qint32 id = 0;
+            QString name;
+            if (command != 101 && !selectedDrink(id, name))
+                break;
+            frmAddEdit dlg(*m_store, m_facade->appDir(), this);
+            dlg.Setup(command != 101, command == 103, id);
+            dlg.exec();
+            if (dlg.saved()) {
+                m_list->reloadWithCurrentTab();
+                if (const int row = m_listModel->rowOfId(dlg.drinkID()); row >= 0)
+                    m_list->selectRowQuietly(row);
+            }
+            ShowSelectedDrink();
+            break;
+        }
         case 104:
             DeleteDrink();
             break;
@@ -85,6 +107,12 @@ void frmMain::RunCommand(int command)
             dlg.exec();
             if (!dlg.WasCanceled())
                 RunCommand(206);
+            break;
+        }
+        case 503: {
+            frmIngMaint dlg(*m_store, this);
+            dlg.exec();
+            ShowSelectedDrink();
             break;
         }
         case 507: {
