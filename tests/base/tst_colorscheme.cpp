@@ -51,8 +51,6 @@ class tst_ColorScheme : public QObject {
     void selectedText();
     void platformValues_data();
     void platformValues();
-    void viewOptions_data();
-    void viewOptions();
     void tableWrites();
 
   private:
@@ -102,10 +100,6 @@ void tst_ColorScheme::loadColorScheme()
     QCOMPARE(s.schemeHighlightColor, found ? row->highlightColor : defaults.schemeHighlightColor);
     QCOMPARE(s.schemeAccentColor, found ? row->accentColor : defaults.schemeAccentColor);
     QCOMPARE(s.schemeBackgroundColor, found ? row->backgroundColor : defaults.schemeBackgroundColor);
-    QCOMPARE(defaults.schemeTextColor, 0x80000008u);
-    QCOMPARE(defaults.schemeHighlightColor, 0x8000000Du);
-    QCOMPARE(defaults.schemeAccentColor, 0x80000010u);
-    QCOMPARE(defaults.schemeBackgroundColor, 0x8000000Fu);
 }
 
 void tst_ColorScheme::missingIngColorAtStart_data()
@@ -115,25 +109,17 @@ void tst_ColorScheme::missingIngColorAtStart_data()
     QTest::addColumn<QString>("scheme");
     QTest::addColumn<bool>("use");
     QTest::addColumn<quint32>("color");
-    QTest::newRow("defaults: on, black") << QString() << QString() << "64" << true << 0u;
-    QTest::newRow("on, red") << "Y"
-                             << "255"
-                             << "64" << true << 255u;
-    QTest::newRow("on, not a number") << "Y"
-                                      << "red"
-                                      << "64" << true << 0u;
-    QTest::newRow("on, system value") << "Y"
-                                      << "-2147483640"
-                                      << "64" << true << 0x80000008u;
-    QTest::newRow("off: scheme text") << "N"
-                                      << "255"
-                                      << "70" << false << 14737632u;
-    QTest::newRow("small y is off") << "y"
-                                    << "255"
-                                    << "64" << false << 3355443u;
-    QTest::newRow("off, no scheme: system text") << "N"
-                                                 << "255"
-                                                 << "0" << false << 0x80000008u;
+    auto text = [](const char *t) { return t ? QString::fromLatin1(t) : QString(); };
+    auto row = [&](const char *name, const char *use, const char *color, const char *scheme, bool on, quint32 value) {
+        QTest::newRow(name) << text(use) << text(color) << text(scheme) << on << value;
+    };
+    row("defaults: on, black", nullptr, nullptr, "64", true, 0);
+    row("on, red", "Y", "255", "64", true, 255);
+    row("on, not a number", "Y", "red", "64", true, 0);
+    row("on, system value", "Y", "-2147483640", "64", true, 0x80000008u);
+    row("off: scheme text", "N", "255", "70", false, 14737632);
+    row("small y is off", "y", "255", "64", false, 3355443);
+    row("off, no scheme: system text", "N", "255", "0", false, 0x80000008u);
 }
 
 void tst_ColorScheme::missingIngColorAtStart()
@@ -233,53 +219,6 @@ void tst_ColorScheme::platformValues()
     QCOMPARE(ColorValues::toQColor(value, platform), color);
     if (!ColorValues::isSystem(value))
         QCOMPARE(ColorValues::fromQColor(color), value);
-}
-
-void tst_ColorScheme::viewOptions_data()
-{
-    QTest::addColumn<QString>("letter");
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<QString>("letterOnOk");
-    QTest::newRow("name") << "N"
-                          << "optViewName"
-                          << "N";
-    QTest::newRow("liquor") << "P"
-                            << "optViewLiq"
-                            << "P";
-    QTest::newRow("glassware") << "G"
-                               << "optViewGlass"
-                               << "G";
-    QTest::newRow("category") << "C"
-                              << "optViewCat"
-                              << "C";
-    QTest::newRow("marked") << "M"
-                            << "optViewMarked"
-                            << "M";
-    QTest::newRow("cabinet") << "L"
-                             << "optViewCab"
-                             << "L";
-    QTest::newRow("most recent") << "D"
-                                 << "optViewDef"
-                                 << "D";
-    QTest::newRow("view all has no option") << "A"
-                                            << ""
-                                            << "D";
-    QTest::newRow("small letter") << "n"
-                                  << ""
-                                  << "D";
-    QTest::newRow("empty") << ""
-                           << ""
-                           << "D";
-}
-
-void tst_ColorScheme::viewOptions()
-{
-    QFETCH(QString, letter);
-    QFETCH(QString, option);
-    QFETCH(QString, letterOnOk);
-    QCOMPARE(modCorvane::viewOptionFor(letter), option);
-    const QStringList checked = option.isEmpty() ? QStringList() : QStringList{option};
-    QCOMPARE(modCorvane::defaultViewFrom(checked), letterOnOk);
 }
 
 void tst_ColorScheme::tableWrites()

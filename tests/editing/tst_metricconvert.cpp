@@ -1,17 +1,13 @@
 // The conversion dialog driven through its controls: the arithmetic of its fifteen units, its
 // messages, the emptied result and its pages.
+#include "GuiTest.h"
 #include "editing/frmMetricConvert.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QTabBar>
-#include <QTimer>
-#include <QtTest>
 
 class tst_MetricConvert : public QObject {
     Q_OBJECT
@@ -29,13 +25,7 @@ private slots:
 
 private:
     QString convertAndCatch(const QString &amount, int from, int to);
-    template <class T> T *child(const char *name) const
-    {
-        T *w = m_dlg->findChild<T *>(QLatin1String(name));
-        if (!w)
-            qFatal("no child %s", name);
-        return w;
-    }
+    template <class T> T *child(const char *name) const { return ::child<T>(m_dlg.get(), name); }
     std::unique_ptr<frmMetricConvert> m_dlg;
 };
 
@@ -83,6 +73,9 @@ void tst_MetricConvert::convert_data()
     QTest::newRow("the reference pint, not the editor's") << "1" << 7 << 14 << "473.372781065089";
     QTest::newRow("rounded at fifteen digits") << "2" << 12 << 13 << "200";
     QTest::newRow("dashes multiply") << "0.5" << 4 << 0 << "16";
+    QTest::newRow("ounces divide") << "3" << 4 << 5 << "2";
+    QTest::newRow("english fifth") << "1" << 8 << 9 << "1.00787401574803";
+    QTest::newRow("cup to splashes") << "1" << 6 << 1 << "128";
     QTest::newRow("small numbers in exponent form") << "1" << 0 << 11 << "0.000244140625";
     QTest::newRow("smaller still") << "0.01" << 0 << 11 << "2.44140625E-06";
     QTest::newRow("large numbers in exponent form") << "1e20" << 11 << 0 << "4.096E+23";

@@ -1,8 +1,8 @@
 // Links from outside keys to drinks.
+#include "TestFiles.h"
 #include "base/Cp1252.h"
 #include "exchange/MapFile.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -39,21 +39,19 @@ void tst_MapFile::lookup()
     QFETCH(int, id);
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("Corvane.map"));
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(Cp1252::encode(QString::fromUtf8("; The bar's links\r\n"
-                                             ";Old;99;OLD\r\n"
-                                             "Mojito;12;MOJ\r\n"
-                                             "First;3;DUP\r\n"
-                                             "Second;4;DUP\r\n"
-                                             "7;ONE\r\n"
-                                             "Round;7.6;RND\r\n"
-                                             "Text;15abc;TXT\r\n"
-                                             "Daiquiri;5;DAI\r\n"
-                                             "Empty;6;\r\n"
-                                             "NOSEMI\r\n"
-                                             "Café;21;CAFÉ\n")));
-    f.close();
+    const QString links = QString::fromUtf8("; The bar's links\r\n"
+                                            ";Old;99;OLD\r\n"
+                                            "Mojito;12;MOJ\r\n"
+                                            "First;3;DUP\r\n"
+                                            "Second;4;DUP\r\n"
+                                            "7;ONE\r\n"
+                                            "Round;7.6;RND\r\n"
+                                            "Text;15abc;TXT\r\n"
+                                            "Daiquiri;5;DAI\r\n"
+                                            "Empty;6;\r\n"
+                                            "NOSEMI\r\n"
+                                            "Café;21;CAFÉ\n");
+    QVERIFY(writeFile(path, Cp1252::encode(links)));
     const MapLookup found = lookupMapId(path, key);
     QCOMPARE(int(found.result), result);
     QCOMPARE(found.drinkId, id);

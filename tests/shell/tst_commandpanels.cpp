@@ -1,4 +1,5 @@
 // The command column, its pop-ups and the shortcuts, driven through the real main window.
+#include "GuiTest.h"
 #include "TestStore.h"
 #include "base/AppPaths.h"
 #include "base/Commands.h"
@@ -11,12 +12,8 @@
 #include "store/DrinkStore.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QClipboard>
-#include <QMessageBox>
 #include <QTableView>
-#include <QTimer>
-#include <QtTest>
 
 class tst_CommandPanels : public QObject {
     Q_OBJECT
@@ -34,7 +31,6 @@ private slots:
     void deleteAsksFirst();
 
 private:
-    void answerNextMessage(QMessageBox::StandardButton button);
     std::unique_ptr<TestStore> m_book;
     std::unique_ptr<frmMain> m_w;
     QString m_question;
@@ -56,16 +52,7 @@ void tst_CommandPanels::cleanup()
     m_book.reset();
 }
 
-void tst_CommandPanels::answerNextMessage(QMessageBox::StandardButton button)
-{
-    QTimer::singleShot(0, this, [this, button] {
-        QTRY_VERIFY(qobject_cast<QMessageBox *>(QApplication::activeModalWidget()));
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        m_question = box->windowTitle() + u'|' + box->text();
-        box->button(button)->click();
-    });
-}
-
+// The files pop-up is opened in the window below.
 void tst_CommandPanels::popupEntries_data()
 {
     QTest::addColumn<int>("group");
@@ -79,7 +66,6 @@ void tst_CommandPanels::popupEntries_data()
     QTest::newRow("views, cabinet") << 2 << 5 << false << 9 << 206 << "";
     QTest::newRow("mark, unmarked drink") << 4 << 6 << false << 6 << 0 << "Mark Drink (Ctrl-M)";
     QTest::newRow("mark, marked drink") << 4 << 6 << true << 6 << 0 << "Unmark Drink (Ctrl-M)";
-    QTest::newRow("files") << 0 << 0 << false << 11 << 0 << "";
     QTest::newRow("tools") << 5 << 0 << false << 13 << 0 << "";
     QTest::newRow("help") << 6 << 0 << false << 7 << 0 << "";
 }
@@ -102,22 +88,19 @@ void tst_CommandPanels::popupEntries()
     }
 }
 
+// Ctrl-C, Ctrl-M, Ctrl-D and Ctrl-F9 are pressed in the window below.
 void tst_CommandPanels::ctrlKeys_data()
 {
     QTest::addColumn<int>("key");
     QTest::addColumn<bool>("keypad");
     QTest::addColumn<int>("command");
-    QTest::newRow("C") << int(Qt::Key_C) << false << 105;
     QTest::newRow("X") << int(Qt::Key_X) << false << 106;
     QTest::newRow("P") << int(Qt::Key_P) << false << 4;
     QTest::newRow("A") << int(Qt::Key_A) << false << 101;
     QTest::newRow("E") << int(Qt::Key_E) << false << 102;
-    QTest::newRow("D") << int(Qt::Key_D) << false << 104;
     QTest::newRow("V") << int(Qt::Key_V) << false << 207;
     QTest::newRow("S") << int(Qt::Key_S) << false << 306;
-    QTest::newRow("M") << int(Qt::Key_M) << false << 401;
     QTest::newRow("F1 as p") << int(Qt::Key_F1) << false << 4;
-    QTest::newRow("F9 as x") << int(Qt::Key_F9) << false << 106;
     QTest::newRow("F7 as v") << int(Qt::Key_F7) << false << 207;
     QTest::newRow("F4 as s") << int(Qt::Key_F4) << false << 306;
     QTest::newRow("numpad 3 as c") << int(Qt::Key_3) << true << 105;
@@ -226,7 +209,7 @@ void tst_CommandPanels::deleteAsksFirst()
     const QString name = m_w->listModel()->nameAt(0);
     const int rows = m_w->listModel()->rowCount();
     m_book->store().execute(QStringLiteral("INSERT INTO SearchResults VALUES (%1, 'x')").arg(id));
-    answerNextMessage(QMessageBox::StandardButton(answer));
+    answerNextMessage(this, &m_question, QMessageBox::StandardButton(answer));
     QTest::keyClick(m_w->list()->grid(), Qt::Key_D, Qt::ControlModifier);
     QCOMPARE(m_question, QStringLiteral("Delete Drink|Are you sure you want to delete \"%1\"?\nThis cannot be undone.").arg(name));
     QCOMPARE(m_w->listModel()->rowCount(), deleted ? rows - 1 : rows);
