@@ -62,10 +62,8 @@ class tst_ColorDialogs : public QObject {
     void editExistingScheme();
     void deleteThenChoose();
     void cancelKeepsColours();
-    void optionsRoundTrip_data();
-    void optionsRoundTrip();
-    void optionsOkCancel_data();
-    void optionsOkCancel();
+    void options_data();
+    void options();
     void schemeByKind_data();
     void schemeByKind();
     void gridColours();
@@ -262,99 +260,76 @@ void tst_ColorDialogs::cancelKeepsColours()
     QCOMPARE(s.schemeTextColor, 0x80000008u);
 }
 
-// The dialog opens on the state and, with OK and nothing touched, saves the same choices back;
-// a default view with no option of its own (view all among them) comes back as most recent.
-void tst_ColorDialogs::optionsRoundTrip_data()
+// The dialog opens on the state. With OK and nothing touched it saves the same choices back (a
+// default view with no option of its own, view all among them, comes back as most recent);
+// choices made in it reach the settings and the state with OK, and nothing with Cancel.
+void tst_ColorDialogs::options_data()
 {
-    QTest::addColumn<QString>("defaultView");
-    QTest::addColumn<bool>("metric");
-    QTest::addColumn<bool>("highlight");
+    QTest::addColumn<QString>("view");
     QTest::addColumn<QString>("checked");
-    QTest::addColumn<QString>("saved");
-    auto row = [](const char *name, const char *view, bool metric, bool highlight, const char *checked,
-                  const char *saved) {
-        QTest::newRow(name) << QString::fromLatin1(view) << metric << highlight << QString::fromLatin1(checked)
-                            << QString::fromLatin1(saved);
-    };
-    row("most recent", "D", false, true, "optViewDef", "D");
-    row("name, metric", "N", true, false, "optViewName", "N");
-    row("liquor", "P", false, true, "optViewLiq", "P");
-    row("glassware, metric", "G", true, true, "optViewGlass", "G");
-    row("category", "C", false, false, "optViewCat", "C");
-    row("marked", "M", false, true, "optViewMarked", "M");
-    row("cabinet", "L", false, true, "optViewCab", "L");
-    row("view all: none", "A", false, true, "", "D");
-    row("small letter: none", "n", false, true, "", "D");
-    row("empty: none", "", false, true, "", "D");
-}
-
-void tst_ColorDialogs::optionsRoundTrip()
-{
-    QFETCH(QString, defaultView);
-    QFETCH(bool, metric);
-    QFETCH(bool, highlight);
-    QFETCH(QString, checked);
-    QFETCH(QString, saved);
-    State s;
-    s.defaultView = defaultView;
-    s.useMetric = metric;
-    s.useMissingIngColor = highlight;
-    s.missingIngColor = 0x00FF00;
-    frmOptions dlg(s);
-    QStringList on;
-    for (QRadioButton *o : dlg.findChildren<QRadioButton *>())
-        if (o->isChecked() && o->objectName().startsWith(u"optView"))
-            on << o->objectName();
-    QCOMPARE(on, checked.isEmpty() ? QStringList() : QStringList{checked});
-    QCOMPARE(child<QRadioButton>(&dlg, "optMetric")->isChecked(), metric);
-    QCOMPARE(child<QRadioButton>(&dlg, "optEnglish")->isChecked(), !metric);
-    QCOMPARE(child<QCheckBox>(&dlg, "chkIngHL")->isChecked(), highlight);
-    QCOMPARE(child<ColorButton>(&dlg, "cmdIngHL")->colorValue(), 0x00FF00u);
-
-    QTest::mouseClick(child<QPushButton>(&dlg, "OK"), Qt::LeftButton);
-    QCOMPARE(setting(QStringLiteral("DefaultView")), saved);
-    QCOMPARE(setting(QStringLiteral("UseMetric")), metric ? u"Y" : u"N");
-    QCOMPARE(setting(QStringLiteral("MissingIngColor")), QStringLiteral("65280"));
-    QCOMPARE(s.defaultView, saved);
-}
-
-// Choices made in the dialog reach the settings and the state with OK, and nothing with Cancel.
-void tst_ColorDialogs::optionsOkCancel_data()
-{
-    QTest::addColumn<QString>("click");
+    QTest::addColumn<QString>("click"); // a view option to click; with it the rest changes too
     QTest::addColumn<bool>("metric");
     QTest::addColumn<bool>("highlight");
     QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("view");
-    QTest::newRow("marked, metric") << "optViewMarked" << true << true << "OK" << "M";
-    QTest::newRow("cabinet, highlight off keeps the colour") << "optViewCab" << false << false << "OK" << "L";
-    QTest::newRow("most recent, from category") << "optViewDef" << false << true << "OK" << "D";
-    QTest::newRow("cancel") << "optViewName" << true << false << "Cancel" << "C";
+    QTest::addColumn<QString>("saved");
+    auto row = [](const char *name, const char *view, const char *checked, const char *click, bool metric,
+                  bool highlight, const char *button, const char *saved) {
+        QTest::newRow(name) << QString::fromLatin1(view) << QString::fromLatin1(checked) << QString::fromLatin1(click)
+                            << metric << highlight << QString::fromLatin1(button) << QString::fromLatin1(saved);
+    };
+    row("most recent", "D", "optViewDef", "", false, true, "OK", "D");
+    row("name, metric", "N", "optViewName", "", true, false, "OK", "N");
+    row("liquor", "P", "optViewLiq", "", false, true, "OK", "P");
+    row("glassware, metric", "G", "optViewGlass", "", true, true, "OK", "G");
+    row("category", "C", "optViewCat", "", false, false, "OK", "C");
+    row("marked", "M", "optViewMarked", "", false, true, "OK", "M");
+    row("cabinet", "L", "optViewCab", "", false, true, "OK", "L");
+    row("view all: none", "A", "", "", false, true, "OK", "D");
+    row("small letter: none", "n", "", "", false, true, "OK", "D");
+    row("empty: none", "", "", "", false, true, "OK", "D");
+    row("marked, metric, red chosen", "C", "optViewCat", "optViewMarked", true, true, "OK", "M");
+    row("cabinet, highlight off keeps the colour", "C", "optViewCat", "optViewCab", false, false, "OK", "L");
+    row("most recent chosen", "C", "optViewCat", "optViewDef", false, true, "OK", "D");
+    row("cancel", "C", "optViewCat", "optViewName", true, false, "Cancel", "C");
 }
 
-void tst_ColorDialogs::optionsOkCancel()
+void tst_ColorDialogs::options()
 {
+    QFETCH(QString, view);
+    QFETCH(QString, checked);
     QFETCH(QString, click);
     QFETCH(bool, metric);
     QFETCH(bool, highlight);
     QFETCH(QString, button);
-    QFETCH(QString, view);
+    QFETCH(QString, saved);
+    const bool changes = !click.isEmpty();
     State s;
-    s.defaultView = QStringLiteral("C");
-    s.useMetric = !metric;
-    s.useMissingIngColor = !highlight;
+    s.defaultView = view;
+    s.useMetric = metric != changes;
+    s.useMissingIngColor = highlight != changes;
     s.missingIngColor = 0x00FF00;
     const State before = s;
     frmOptions dlg(s);
     QList<std::optional<QColor>> picks{QColor(255, 0, 0)};
     dlg.setColorPicker(answers(&picks));
-    child<QRadioButton>(&dlg, click.toLatin1().constData())->click();
-    child<QRadioButton>(&dlg, metric ? "optMetric" : "optEnglish")->click();
-    child<QCheckBox>(&dlg, "chkIngHL")->setChecked(highlight);
-    child<ColorButton>(&dlg, "cmdIngHL")->click();
+    QStringList on;
+    for (QRadioButton *o : dlg.findChildren<QRadioButton *>())
+        if (o->isChecked() && o->objectName().startsWith(u"optView"))
+            on << o->objectName();
+    QCOMPARE(on, checked.isEmpty() ? QStringList() : QStringList{checked});
+    QCOMPARE(child<QRadioButton>(&dlg, "optMetric")->isChecked(), before.useMetric);
+    QCOMPARE(child<QRadioButton>(&dlg, "optEnglish")->isChecked(), !before.useMetric);
+    QCOMPARE(child<QCheckBox>(&dlg, "chkIngHL")->isChecked(), before.useMissingIngColor);
+    QCOMPARE(child<ColorButton>(&dlg, "cmdIngHL")->colorValue(), 0x00FF00u);
+    if (changes) {
+        child<QRadioButton>(&dlg, click.toLatin1().constData())->click();
+        child<QRadioButton>(&dlg, metric ? "optMetric" : "optEnglish")->click();
+        child<QCheckBox>(&dlg, "chkIngHL")->setChecked(highlight);
+        child<ColorButton>(&dlg, "cmdIngHL")->click();
+    }
     QTest::mouseClick(child<QPushButton>(&dlg, button.toLatin1().constData()), Qt::LeftButton);
 
-    QCOMPARE(s.defaultView, view);
+    QCOMPARE(s.defaultView, saved);
     if (button == u"Cancel") {
         QCOMPARE(dlg.result(), int(QDialog::Rejected));
         QCOMPARE(s.useMetric, before.useMetric);
@@ -362,14 +337,15 @@ void tst_ColorDialogs::optionsOkCancel()
         QVERIFY(!QFile::exists(AppPaths::settingsFile()));
         return;
     }
+    const quint32 color = changes ? 0x0000FF : 0x00FF00;
     QCOMPARE(dlg.result(), int(QDialog::Accepted));
-    QCOMPARE(setting(QStringLiteral("DefaultView")), view);
+    QCOMPARE(setting(QStringLiteral("DefaultView")), saved);
     QCOMPARE(setting(QStringLiteral("UseMetric")), metric ? u"Y" : u"N");
     QCOMPARE(setting(QStringLiteral("UseMissingIngColor")), highlight ? u"Y" : u"N");
-    QCOMPARE(setting(QStringLiteral("MissingIngColor")), QStringLiteral("255"));
+    QCOMPARE(setting(QStringLiteral("MissingIngColor")), QString::number(color));
     QCOMPARE(s.useMetric, metric);
     QCOMPARE(s.useMissingIngColor, highlight);
-    QCOMPARE(s.missingIngColor, 255u);
+    QCOMPARE(s.missingIngColor, color);
 }
 
 namespace {
