@@ -21,83 +21,75 @@ class tst_DeliveredBook : public QObject {
     Q_OBJECT
 
   private slots:
-    void initTestCase();
-    void linesAreTheEditors();
-    void costsAgree();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        if (!QFile::exists(Store))
+            QSKIP("the delivered store is not built");
+        if (!QFile::exists(Book + QStringLiteral("/drinks.txt")))
+            QSKIP("there is no recipe book to compare with");
+        try {
+            m_book = StarterBook::read(Book);
+        } catch (const StarterBookError &e) {
+            QFAIL(qPrintable(e.faults().join(QLatin1Char('\n'))));
+        }
+        m_db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("delivered"));
+        m_db.setDatabaseName(Store);
+        m_db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+        QVERIFY(m_db.open());
+        QVERIFY(registerStoreFunctions(m_db));
+    }
+
+    void linesAreTheEditors()
+    {
+        QSqlQuery names(m_db);
+        QVERIFY(names.exec(QStringLiteral("SELECT COUNT(*) FROM Drinks")) && names.next());
+        QCOMPARE(names.value(0).toInt(), m_book.drinks.size());
+
+        QSqlQuery q(m_db);
+        QVERIFY(
+            q.prepare(QStringLiteral("SELECT R.amount, R.MetricAmount, R.measure, I.Ingredient, R.seq FROM Drinks D "
+                                     "JOIN DrinkRel R ON R.DrinkID = D.id JOIN Ingredients I ON I.id = R.IngID "
+                                     "WHERE D.Name = ? ORDER BY R.seq")));
+        for (const BookDrink &d : m_book.drinks) {
+            q.addBindValue(d.name);
+            QVERIFY(q.exec());
+            int seq = 0;
+            for (const BookLine &l : d.lines) {
+                const QString where = QStringLiteral("%1, %2 %3").arg(d.source, l.amount, l.measure);
+                QVERIFY2(q.next(), qPrintable(where + QStringLiteral(": line missing")));
+                auto same = [&](int column, const QString &expected) {
+                    return q.value(column).toString() == expected
+                               ? QString()
+                               : QStringLiteral("%1: stored \"%2\", expected \"%3\"")
+                                     .arg(where, q.value(column).toString(), expected);
+                };
+                for (const QString &fault : {same(0, GetAmountText(l.amount, l.measure)),
+                                             same(1, GetMetricAmountText(l.amount, l.measure)),
+                                             same(3, m_book.ingredient(l.ingredientId)->name),
+                                             same(4, QString::number(++seq))})
+                    QVERIFY2(fault.isEmpty(), qPrintable(fault));
+                QVERIFY2(static_cast<float>(q.value(2).toDouble()) == GetOunces(l.amount, l.measure),
+                         qPrintable(where + QStringLiteral(": ounces")));
+            }
+            QVERIFY2(!q.next(), qPrintable(d.source + QStringLiteral(": more lines stored than written")));
+        }
+    }
+
+    // The stored costs are the line rule's (the writer's) and must be what the DrinkCost query,
+    // which batch repricing uses, gives for the stored lines.
+    void costsAgree() { QCOMPARE(StarterBookWriter::compareWithDrinkCostQuery(Store), QStringList()); }
+
+    void cleanupTestCase()
+    {
+        m_db.close();
+        m_db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(QStringLiteral("delivered"));
+    }
 
 private:
     StarterBook m_book;
     QSqlDatabase m_db;
 };
-
-void tst_DeliveredBook::initTestCase()
-{
-    if (!QFile::exists(Store))
-        QSKIP("the delivered store is not built");
-    if (!QFile::exists(Book + QStringLiteral("/drinks.txt")))
-        QSKIP("there is no recipe book to compare with");
-    try {
-        m_book = StarterBook::read(Book);
-    } catch (const StarterBookError &e) {
-        QFAIL(qPrintable(e.faults().join(QLatin1Char('\n'))));
-    }
-    m_db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("delivered"));
-    m_db.setDatabaseName(Store);
-    m_db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-    QVERIFY(m_db.open());
-    QVERIFY(registerStoreFunctions(m_db));
-}
-
-void tst_DeliveredBook::linesAreTheEditors()
-{
-    QSqlQuery names(m_db);
-    QVERIFY(names.exec(QStringLiteral("SELECT COUNT(*) FROM Drinks")) && names.next());
-    QCOMPARE(names.value(0).toInt(), m_book.drinks.size());
-
-    QSqlQuery q(m_db);
-    QVERIFY(
-        q.prepare(QStringLiteral("SELECT R.amount, R.MetricAmount, R.measure, I.Ingredient, R.seq FROM Drinks D "
-                                 "JOIN DrinkRel R ON R.DrinkID = D.id JOIN Ingredients I ON I.id = R.IngID "
-                                 "WHERE D.Name = ? ORDER BY R.seq")));
-    for (const BookDrink &d : m_book.drinks) {
-        q.addBindValue(d.name);
-        QVERIFY(q.exec());
-        int seq = 0;
-        for (const BookLine &l : d.lines) {
-            const QString where = QStringLiteral("%1, %2 %3").arg(d.source, l.amount, l.measure);
-            QVERIFY2(q.next(), qPrintable(where + QStringLiteral(": line missing")));
-            auto same = [&](int column, const QString &expected) {
-                return q.value(column).toString() == expected
-                           ? QString()
-                           : QStringLiteral("%1: stored \"%2\", expected \"%3\"")
-                                 .arg(where, q.value(column).toString(), expected);
-            };
-            for (const QString &fault : {same(0, GetAmountText(l.amount, l.measure)),
-                                         same(1, GetMetricAmountText(l.amount, l.measure)),
-                                         same(3, m_book.ingredient(l.ingredientId)->name),
-                                         same(4, QString::number(++seq))})
-                QVERIFY2(fault.isEmpty(), qPrintable(fault));
-            QVERIFY2(static_cast<float>(q.value(2).toDouble()) == GetOunces(l.amount, l.measure),
-                     qPrintable(where + QStringLiteral(": ounces")));
-        }
-        QVERIFY2(!q.next(), qPrintable(d.source + QStringLiteral(": more lines stored than written")));
-    }
-}
-
-// The stored costs are the line rule's (the writer's) and must be what the DrinkCost query,
-// which batch repricing uses, gives for the stored lines.
-void tst_DeliveredBook::costsAgree()
-{
-    QCOMPARE(StarterBookWriter::compareWithDrinkCostQuery(Store), QStringList());
-}
-
-void tst_DeliveredBook::cleanupTestCase()
-{
-    m_db.close();
-    m_db = QSqlDatabase();
-    QSqlDatabase::removeDatabase(QStringLiteral("delivered"));
-}
 
 QTEST_GUILESS_MAIN(tst_DeliveredBook)
 #include "tst_deliveredbook.moc"
