@@ -55,21 +55,18 @@ class tst_DeliveredBook : public QObject {
             QVERIFY(q.exec());
             int seq = 0;
             for (const BookLine &l : d.lines) {
-                const QString where = QStringLiteral("%1, %2 %3").arg(d.source, l.amount, l.measure);
-                QVERIFY2(q.next(), qPrintable(where + QStringLiteral(": line missing")));
-                auto same = [&](int column, const QString &expected) {
-                    return q.value(column).toString() == expected
-                               ? QString()
-                               : QStringLiteral("%1: stored \"%2\", expected \"%3\"")
-                                     .arg(where, q.value(column).toString(), expected);
-                };
-                for (const QString &fault : {same(0, GetAmountText(l.amount, l.measure)),
-                                             same(1, GetMetricAmountText(l.amount, l.measure)),
-                                             same(3, m_book.ingredient(l.ingredientId)->name),
-                                             same(4, QString::number(++seq))})
-                    QVERIFY2(fault.isEmpty(), qPrintable(fault));
+                const QString where = QStringLiteral("%1, %2 %3: ").arg(d.source, l.amount, l.measure);
+                QVERIFY2(q.next(), qPrintable(where + QStringLiteral("line missing")));
+                const QString stored = QStringList{q.value(0).toString(), q.value(1).toString(),
+                                                   q.value(3).toString(), q.value(4).toString()}
+                                           .join(u'|');
+                const QString expected = QStringList{GetAmountText(l.amount, l.measure),
+                                                     GetMetricAmountText(l.amount, l.measure),
+                                                     m_book.ingredient(l.ingredientId)->name, QString::number(++seq)}
+                                             .join(u'|');
+                QVERIFY2(stored == expected, qPrintable(where + stored + QStringLiteral(" stored, not ") + expected));
                 QVERIFY2(static_cast<float>(q.value(2).toDouble()) == GetOunces(l.amount, l.measure),
-                         qPrintable(where + QStringLiteral(": ounces")));
+                         qPrintable(where + QStringLiteral("ounces")));
             }
             QVERIFY2(!q.next(), qPrintable(d.source + QStringLiteral(": more lines stored than written")));
         }
