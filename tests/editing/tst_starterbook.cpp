@@ -90,14 +90,12 @@ private slots:
             QTest::newRow(name) << QString::fromUtf8(file) << QString::fromUtf8(before)
                                 << QString::fromUtf8(after) << QString::fromUtf8(fault);
         };
-        row("unknown glass", "drinks.txt", "Glass: Coupe", "Glass: Tumbler",
-            "drinks.txt:3: unknown glass \"Tumbler\"");
+        row("unknown glass", "drinks.txt", "Glass: Coupe", "Glass: Tumbler", "drinks.txt:3: unknown glass \"Tumbler\"");
         row("unknown category", "drinks.txt", "Categories: Highballs", "Categories: Highballs; Tiki",
             "drinks.txt:16: unknown category \"Tiki\"");
         row("unknown ingredient", "drinks.txt", "1.5 | Jigger | Gin", "1.5 | Jigger | Genever",
             "drinks.txt:34: unknown ingredient \"Genever\"");
-        row("unknown measure", "drinks.txt", "2 | Dash |", "2 | Dashes |",
-            "drinks.txt:33: unknown measure \"Dashes\"");
+        row("unknown measure", "drinks.txt", "2 | Dash |", "2 | Dashes |", "drinks.txt:33: unknown measure \"Dashes\"");
         row("a fraction", "drinks.txt", "0.75 | ounce", "3/4 | ounce",
             "drinks.txt:11: amount \"3/4\" is not a decimal number above 0 like 1.5");
         row("amount of 0", "drinks.txt", "1 | Piece | Ice", "0 | Piece | Ice",

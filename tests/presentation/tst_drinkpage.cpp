@@ -1,5 +1,6 @@
 // The drink page: tokens, sections, colours, pictures and the page's files.
 #include "TestFiles.h"
+#include "ShownDrinks.h"
 #include "TestStore.h"
 #include "base/Cp1252.h"
 #include "base/modCorvane.h"
@@ -16,25 +17,6 @@
 #include <QtTest>
 
 namespace {
-const char *kRows = R"SQL(
-INSERT INTO Glassware VALUES (1, 'Coupe', ''), (3, 'Flute', ''), (24, 'Other Glass', '');
-INSERT INTO Garnish (id, Name) VALUES (1, 'Lime Wheel');
-INSERT INTO Build (id, Name) VALUES (1, 'Shaken');
-INSERT INTO Ratings (RatingID, Name) VALUES (1, 'Excellent');
-INSERT INTO DrinkTypes VALUES (0, 'Unknown / Other'), (1, 'Sours'), (2, 'Classic Cocktails');
-INSERT INTO Ingredients (id, Ingredient, Selected) VALUES (1, 'Light Rum', 1), (2, 'Lime Juice', 0);
-INSERT INTO Drinks (id, Name, GlassType, Description, Comments, Price, Cost, BuildID, GarnishID, RatingID,
-                    Marked, ImageFilePath) VALUES
-  (5, 'Daiquiri', 1, 'Shake & strain.', 'Tart', 4.25, 1.0213, 1, 1, 1, 1, '000123'),
-  (6, 'A <b> & B', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0, ''),
-  (7, 'Zero', 0, '', '', 1, 1, NULL, NULL, NULL, 0, ''),
-  (8, 'Big', 25, '', '', 1, 1, NULL, NULL, NULL, 0, ''),
-  (9, 'Flat', 3, '', '', 1, 1, NULL, NULL, NULL, 0, ''),
-  (10, '!#!#Comment!#!#', 1, '', '!#!#Name!#!#', 1, 1, NULL, NULL, NULL, 0, '');
-INSERT INTO DrinkRel VALUES (5, 2, 2, '1 oz', '3.0 cl', 1), (5, 1, 1, '2 oz', '6.0 cl', 2);
-INSERT INTO DrinkTypeRel VALUES (5, 1), (5, 2);
-)SQL";
-
 // The test's scheme: every colour distinct, and not symmetric, so a swapped pair shows.
 constexpr quint32 kBackground = 0xF0E0D0, kText = 0x010203, kHighlight = 0x0A0B0C, kAccent = 0x445566,
                   kMissing = 0x0000FF;
@@ -64,7 +46,7 @@ class tst_DrinkPage : public QObject {
     // scheme, and a directory without the files that pages leave behind.
     void initTestCase()
     {
-        m_ts = std::make_unique<TestStore>(QString::fromLatin1(kRows));
+        m_ts = std::make_unique<TestStore>(shownDrinksRows());
         // Pictures 1 and 24 only: transparent on the left, the glass's colour on the right.
         QVERIFY(QDir(m_ts->appDir()).mkpath(QStringLiteral("glass")));
         for (int n : {1, 24}) {
@@ -141,15 +123,13 @@ class tst_DrinkPage : public QObject {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("tmpl");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("upper case") << 5 << "<h1>!#!#NAME!#!#</h1>"
-                                    << "<h1>Daiquiri</h1>";
+        QTest::newRow("upper case") << 5 << "<h1>!#!#NAME!#!#</h1>" << "<h1>Daiquiri</h1>";
         QTest::newRow("every occurrence, any case") << 5 << "!#!#name!#!#/!#!#nAmE!#!#/!#!#Name!#!#"
                                                     << "Daiquiri/Daiquiri/Daiquiri";
         QTest::newRow("unknown and broken tokens kept") << 5 << "!#!#Drink!#!# !#!Name!#!# !#!#Name!# !#!#!#!#"
                                                         << "!#!#Drink!#!# !#!Name!#!# !#!#Name!# !#!#!#!#";
         // Name comes before Comment: a name holding a later token is filled again, not the reverse.
-        QTest::newRow("replacement order") << 10 << "!#!#Name!#!#|!#!#Comment!#!#"
-                                           << "!#!#Name!#!#|!#!#Name!#!#";
+        QTest::newRow("replacement order") << 10 << "!#!#Name!#!#|!#!#Comment!#!#" << "!#!#Name!#!#|!#!#Name!#!#";
     }
 
     void tokens()

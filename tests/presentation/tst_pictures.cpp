@@ -44,8 +44,7 @@ class tst_Pictures : public QObject {
         QTest::addColumn<GlassKind>("kind");
         QTest::newRow("cocktail") << "Cocktail Glass" << GlassKind::Cocktail;
         QTest::newRow("martini") << "Martini" << GlassKind::Cocktail;
-        QTest::newRow("double before old-fashioned")
-            << "Double Old-Fashioned" << GlassKind::DoubleOldFashioned;
+        QTest::newRow("double before old-fashioned") << "Double Old-Fashioned" << GlassKind::DoubleOldFashioned;
         QTest::newRow("rocks") << "Rocks Glass" << GlassKind::OldFashioned;
         QTest::newRow("irish coffee is no beer mug") << "Irish Coffee Mug" << GlassKind::IrishCoffee;
         QTest::newRow("copper mug is no beer mug") << "Moscow Mule Mug" << GlassKind::CopperMug;
