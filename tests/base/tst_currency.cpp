@@ -108,13 +108,12 @@ private slots:
         QCOMPARE(Currency::fromTenThousandths(value).format(QLocale(locale)), text);
     }
 
+    // What format writes is read back by the round trip below; these are texts typed by hand.
     void parse_data()
     {
         QTest::addColumn<QString>("locale");
         QTest::addColumn<QString>("text");
         QTest::addColumn<qint64>("expected");
-        QTest::newRow("us formatted") << "en_US" << "$1,234.50" << qint64(12345000);
-        QTest::newRow("us parentheses") << "en_US" << "($1.50)" << qint64(-15000);
         QTest::newRow("us minus before symbol") << "en_US" << "-$1.50" << qint64(-15000);
         QTest::newRow("us minus after symbol") << "en_US" << "$-1.50" << qint64(-15000);
         QTest::newRow("us plain") << "en_US" << "1234.5" << qint64(12345000);
@@ -134,14 +133,11 @@ private slots:
         QTest::newRow("us double negative") << "en_US" << "(-1.50)" << kNone;
         QTest::newRow("us inner minus") << "en_US" << "1-2" << kNone;
         QTest::newRow("us exponent") << "en_US" << "1e3" << kNone;
-        QTest::newRow("german formatted") << "de_DE" << QStringLiteral(u"1.234,50\u00A0€") << qint64(12345000);
         QTest::newRow("german negative") << "de_DE" << QStringLiteral(u"-1,50 €") << qint64(-15000);
         QTest::newRow("german comma") << "de_DE" << "1,5" << qint64(15000);
         QTest::newRow("german period as decimal") << "de_DE" << "3.5" << qint64(35000);
         QTest::newRow("german groups without decimals") << "de_DE" << "1.234.567" << qint64(12345670000);
         QTest::newRow("german bad groups") << "de_DE" << "1.2.3" << kNone;
-        QTest::newRow("french narrow space groups") << "fr_FR" << QStringLiteral(u"1\u202F234,50\u00A0€")
-                                                    << qint64(12345000);
         QTest::newRow("french typed space") << "fr_FR" << "1 234,50" << qint64(12345000);
         QTest::newRow("french parentheses") << "fr_FR" << QStringLiteral(u"(1,50 €)") << qint64(-15000);
         QTest::newRow("swedish minus sign") << "sv_SE" << QStringLiteral(u"\u22121,50 kr") << qint64(-15000);

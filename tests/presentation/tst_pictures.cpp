@@ -42,17 +42,14 @@ class tst_Pictures : public QObject {
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<GlassKind>("kind");
-        QTest::newRow("cocktail") << "Cocktail Glass" << GlassKind::Cocktail;
         QTest::newRow("martini") << "Martini" << GlassKind::Cocktail;
         QTest::newRow("double before old-fashioned") << "Double Old-Fashioned" << GlassKind::DoubleOldFashioned;
-        QTest::newRow("rocks") << "Rocks Glass" << GlassKind::OldFashioned;
         QTest::newRow("irish coffee is no beer mug") << "Irish Coffee Mug" << GlassKind::IrishCoffee;
         QTest::newRow("copper mug is no beer mug") << "Moscow Mule Mug" << GlassKind::CopperMug;
         QTest::newRow("beer mug") << "Beer Mug" << GlassKind::BeerMug;
         QTest::newRow("champagne coupe is no flute") << "Champagne Coupe" << GlassKind::Coupe;
         QTest::newRow("champagne flute") << "Champagne Flute" << GlassKind::Flute;
         QTest::newRow("pilsner beer glass") << "Pilsner Beer Glass" << GlassKind::Pilsner;
-        QTest::newRow("pint") << "Pint Glass" << GlassKind::Pint;
         QTest::newRow("whiskey sour") << "Whiskey Sour Glass" << GlassKind::Sour;
         QTest::newRow("nick and nora") << "Nick & Nora" << GlassKind::NickAndNora;
         QTest::newRow("case does not matter") << "HURRICANE" << GlassKind::Hurricane;
