@@ -1,6 +1,6 @@
 // The scheme colours and the options as they are read, resolved and written: the scheme row of
-// the setting or the system colours, the missing ingredient colour in the start order, the
-// selected text rule, and the dialog's option letters.
+// the setting or the system colours, the missing ingredient colour in the start order and the
+// selected text rule. The options dialog's letters are driven in the colour dialogs' suite.
 #include "TestStore.h"
 #include "base/AppPaths.h"
 #include "base/CLocalConfig.h"

@@ -49,14 +49,10 @@ QColor platform(QPalette::ColorRole role)
 {
     return QGuiApplication::palette().color(QPalette::Active, role);
 }
-} // namespace
 
-namespace {
 const QStringList kBrowsing{"lstColor", "cmdNew", "cmdDelete", "cmdOK"};
 const QStringList kEditing{"cmdSave"};
-} // namespace
 
-namespace {
 // One control of each kind; the combo box sits inside a frame, whose colours must not reach it.
 std::unique_ptr<QWidget> formOfEveryKind()
 {
