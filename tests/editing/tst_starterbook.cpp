@@ -1,13 +1,12 @@
 #include "TestFiles.h"
+#include "TestStore.h"
 #include "editing/StarterBook.h"
-#include "store/DrinkStore.h"
 #include "editing/StarterBookWriter.h"
-#include "store/StoreBuilder.h"
+#include "store/DrinkStore.h"
 #include "store/StoreError.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
@@ -39,14 +38,6 @@ struct BookCopy {
         return {};
     }
 };
-
-QString buildStore(const QTemporaryDir &dir, const StarterBook &book)
-{
-    const QString path = dir.filePath(QStringLiteral("drinks.db"));
-    StoreBuilder::createFromScripts(path, {QStringLiteral(CORVANE_SOURCE_DATA_DIR "/schema.sql")});
-    StarterBookWriter::write(book, path);
-    return path;
-}
 
 } // namespace
 
@@ -223,10 +214,10 @@ private slots:
         QFETCH(QString, sql);
         QFETCH(QString, expected);
         if (!m_built) {
-            m_built = std::make_unique<QTemporaryDir>();
-            buildStore(*m_built, StarterBook::read(MiniBook));
+            m_built = std::make_unique<TestStore>();
+            StarterBookWriter::write(StarterBook::read(MiniBook), m_built->storePath());
         }
-        QSqlQuery q(open(m_built->filePath(QStringLiteral("drinks.db"))));
+        QSqlQuery q(m_built->store().database());
         QVERIFY(q.exec(sql) && q.next());
         QCOMPARE(q.value(0).toString(), expected);
     }
@@ -242,32 +233,20 @@ private slots:
             if (c.var == QLatin1String("MarkupPct"))
                 c.val = QStringLiteral("0");
         }
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("drinks.db"));
-        StoreBuilder::createFromScripts(path, {QStringLiteral(CORVANE_SOURCE_DATA_DIR "/schema.sql")});
-        QVERIFY_THROWS_EXCEPTION(StoreError, StarterBookWriter::write(book, path));
-
-        QSqlDatabase db = open(path);
-        QSqlQuery q(db);
-        QVERIFY(q.exec(QStringLiteral("SELECT (SELECT COUNT(*) FROM IngTypes) "
-                                      "+ (SELECT COUNT(*) FROM Ingredients) + (SELECT COUNT(*) FROM PrintLayout)")) &&
-                q.next());
-        QCOMPARE(q.value(0).toInt(), 0);
+        TestStore empty;
+        QVERIFY_THROWS_EXCEPTION(StoreError, StarterBookWriter::write(book, empty.storePath()));
+        QCOMPARE(empty.store()
+                     .scalar(QStringLiteral("SELECT (SELECT COUNT(*) FROM IngTypes) + (SELECT COUNT(*) FROM "
+                                            "Ingredients) + (SELECT COUNT(*) FROM PrintLayout)"))
+                     .toInt(),
+                 0);
     }
 
 private:
-    QSqlDatabase open(const QString &path);
-    std::unique_ptr<DrinkStore> m_store;
-    std::unique_ptr<QTemporaryDir> m_built; // the small book's store, once
+    // The small book's store, written once; read through the program's own store, which
+    // brings the functions its queries use.
+    std::unique_ptr<TestStore> m_built;
 };
-
-QSqlDatabase tst_StarterBook::open(const QString &path)
-{
-    // Through the program's own store, which brings the functions its queries use.
-    m_store.reset();
-    m_store = std::make_unique<DrinkStore>(path);
-    return m_store->database();
-}
 
 QTEST_GUILESS_MAIN(tst_StarterBook)
 #include "tst_starterbook.moc"
