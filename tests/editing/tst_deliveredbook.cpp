@@ -1,19 +1,17 @@
 // The delivered store against the book it is built from: each stored line must hold what the
 // drink editor would have stored for its source line, and the stored costs must be those of
 // the DrinkCost query. (The book's reader refuses a drink without a glass, a category or a line.)
+#include "TestStore.h"
 #include "editing/Measures.h"
 #include "editing/StarterBook.h"
 #include "editing/StarterBookWriter.h"
+#include "store/DrinkStore.h"
 
 #include <QFile>
-#include "store/StoreFunctions.h"
-
-#include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTest>
 
 namespace {
-const QString Store = QStringLiteral(CORVANE_BUILT_DATA_DIR "/drinks.db");
 const QString Book = QStringLiteral(CORVANE_SOURCE_DATA_DIR "/book");
 } // namespace
 
@@ -23,7 +21,7 @@ class tst_DeliveredBook : public QObject {
   private slots:
     void initTestCase()
     {
-        if (!QFile::exists(Store))
+        if (!QFile::exists(TestStore::deliveredStore()))
             QSKIP("the delivered store is not built");
         if (!QFile::exists(Book + QStringLiteral("/drinks.txt")))
             QSKIP("there is no recipe book to compare with");
@@ -32,20 +30,13 @@ class tst_DeliveredBook : public QObject {
         } catch (const StarterBookError &e) {
             QFAIL(qPrintable(e.faults().join(QLatin1Char('\n'))));
         }
-        m_db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("delivered"));
-        m_db.setDatabaseName(Store);
-        m_db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
-        QVERIFY(m_db.open());
-        QVERIFY(registerStoreFunctions(m_db));
+        m_copy = std::make_unique<TestStore>(QString(), true);
     }
 
     void linesAreTheEditors()
     {
-        QSqlQuery names(m_db);
-        QVERIFY(names.exec(QStringLiteral("SELECT COUNT(*) FROM Drinks")) && names.next());
-        QCOMPARE(names.value(0).toInt(), m_book.drinks.size());
-
-        QSqlQuery q(m_db);
+        QCOMPARE(m_copy->store().scalar(QStringLiteral("SELECT COUNT(*) FROM Drinks")).toInt(), m_book.drinks.size());
+        QSqlQuery q(m_copy->store().database());
         QVERIFY(
             q.prepare(QStringLiteral("SELECT R.amount, R.MetricAmount, R.measure, I.Ingredient, R.seq FROM Drinks D "
                                      "JOIN DrinkRel R ON R.DrinkID = D.id JOIN Ingredients I ON I.id = R.IngID "
@@ -74,18 +65,14 @@ class tst_DeliveredBook : public QObject {
 
     // The stored costs are the line rule's (the writer's) and must be what the DrinkCost query,
     // which batch repricing uses, gives for the stored lines.
-    void costsAgree() { QCOMPARE(StarterBookWriter::compareWithDrinkCostQuery(Store), QStringList()); }
-
-    void cleanupTestCase()
+    void costsAgree()
     {
-        m_db.close();
-        m_db = QSqlDatabase();
-        QSqlDatabase::removeDatabase(QStringLiteral("delivered"));
+        QCOMPARE(StarterBookWriter::compareWithDrinkCostQuery(m_copy->storePath()), QStringList());
     }
 
 private:
     StarterBook m_book;
-    QSqlDatabase m_db;
+    std::unique_ptr<TestStore> m_copy; // of the delivered store
 };
 
 QTEST_GUILESS_MAIN(tst_DeliveredBook)
