@@ -193,17 +193,15 @@ private slots:
         m_book->store().execute(QStringLiteral("INSERT INTO SearchResults VALUES (%1, 'x')").arg(id));
         answerNextMessage(this, &m_question, QMessageBox::StandardButton(answer));
         QTest::keyClick(m_w->list()->grid(), Qt::Key_D, Qt::ControlModifier);
-        QCOMPARE(
-            m_question,
-            QStringLiteral("Delete Drink|Are you sure you want to delete \"%1\"?\nThis cannot be undone.").arg(name));
+        const QString question = QStringLiteral("Delete Drink|Are you sure you want to delete \"%1\"?\n"
+                                                "This cannot be undone.");
+        QCOMPARE(m_question, question.arg(name));
         QCOMPARE(m_w->listModel()->rowCount(), deleted ? rows - 1 : rows);
-        for (const char *table :
-             {"Drinks WHERE ID", "DrinkRel WHERE DrinkID", "DrinkTypeRel WHERE DrinkID", "SearchResults WHERE ID"})
-            QCOMPARE(
-                m_book->store()
-                        .scalar(QStringLiteral("SELECT COUNT(*) FROM %1 = %2").arg(QString::fromLatin1(table)).arg(id))
-                        .toInt() == 0,
-                deleted);
+        for (const char *table : {"Drinks WHERE ID", "DrinkRel WHERE DrinkID", "DrinkTypeRel WHERE DrinkID",
+                                  "SearchResults WHERE ID"}) {
+            const QString left = QStringLiteral("SELECT COUNT(*) FROM %1 = %2").arg(QString::fromLatin1(table)).arg(id);
+            QCOMPARE(m_book->store().scalar(left).toInt() == 0, deleted);
+        }
     }
 
 private:
