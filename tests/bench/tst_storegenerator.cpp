@@ -2,7 +2,6 @@
 
 #include "editing/Measures.h"
 #include "editing/StarterBookWriter.h"
-#include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
 #include "presentation/ListSql.h"
 #include "store/DrinkStore.h"
@@ -66,56 +65,69 @@ private slots:
         QVERIFY(dump(storeOf(other)) != rows);
     }
 
-    // Each query counts the rows that break a rule of a well-formed store; all must be 0.
+    // Each query counts the rows that break a rule of a well-formed store, or gives 1 where a
+    // kind of row the program's lists need is missing; all must be 0.
     void rulesHold_data()
     {
         QTest::addColumn<QString>("violations");
-        QTest::newRow("drink count") << QStringLiteral("SELECT COUNT(*) - 300 FROM Drinks");
-        QTest::newRow("2 to 9 lines") << QStringLiteral(
-            "SELECT COUNT(*) FROM (SELECT D.id, COUNT(R.DrinkID) AS n FROM Drinks D "
-            "LEFT JOIN DrinkRel R ON R.DrinkID = D.id GROUP BY D.id) WHERE n < 2 OR n > 9");
-        QTest::newRow("lines numbered from 1") << QStringLiteral(
-            "SELECT COUNT(*) FROM (SELECT DrinkID, MIN(seq) AS lo, MAX(seq) AS hi, COUNT(*) AS n FROM DrinkRel "
-            "GROUP BY DrinkID) WHERE lo <> 1 OR hi <> n");
-        QTest::newRow("an ingredient once per drink") << QStringLiteral(
-            "SELECT COUNT(*) FROM (SELECT DrinkID, IngID FROM DrinkRel GROUP BY DrinkID, IngID HAVING COUNT(*) > 1)");
-        QTest::newRow("1 to 3 categories")
-            << QStringLiteral("SELECT COUNT(*) FROM (SELECT D.id, COUNT(R.DrinkID) AS n FROM Drinks D "
-                              "LEFT JOIN DrinkTypeRel R ON R.DrinkID = D.id GROUP BY D.id) WHERE n < 1 OR n > 3");
-        QTest::newRow("categories exist")
-            << QStringLiteral("SELECT COUNT(*) FROM DrinkTypeRel R LEFT JOIN DrinkTypes T ON T.TypeID = R.DrinkTypeID "
-                              "WHERE T.TypeID IS NULL");
-        QTest::newRow("glass 1 to 24") << QStringLiteral(
-            "SELECT COUNT(*) FROM Drinks D LEFT JOIN Glassware G ON G.GlassID = D.GlassType "
-            "WHERE D.GlassType NOT BETWEEN 1 AND 24 OR D.GlassType IS NULL OR G.GlassID IS NULL");
-        QTest::newRow("names unique") << QStringLiteral("SELECT COUNT(*) - COUNT(DISTINCT Name) FROM Drinks");
-        QTest::newRow("ingredients of lines exist") << QStringLiteral(
-            "SELECT COUNT(*) FROM DrinkRel R LEFT JOIN Ingredients I ON I.id = R.IngID WHERE I.id IS NULL");
-        QTest::newRow("2,000 ingredients") << QStringLiteral("SELECT COUNT(*) - 2000 FROM Ingredients");
-        QTest::newRow("ingredient types exist")
-            << QStringLiteral("SELECT COUNT(*) FROM Ingredients I LEFT JOIN IngTypes T ON T.IngTypeID = I.Type "
-                              "WHERE T.IngTypeID IS NULL");
-        QTest::newRow("sub types belong to the type") << QStringLiteral(
-            "SELECT COUNT(*) FROM Ingredients I LEFT JOIN IngSubTypes S ON S.IngSubTypeID = I.SubType "
-            "WHERE I.SubType <> 0 AND (S.IngSubTypeID IS NULL OR S.IngTypeID <> I.Type)");
-        QTest::newRow("Unknown / Other") << QStringLiteral(
-            "SELECT 1 - COUNT(*) FROM DrinkTypes WHERE TypeID = 0 AND Type = 'Unknown / Other'");
-        QTest::newRow("Undefined") << QStringLiteral(
-            "SELECT 1 - COUNT(*) FROM IngTypes WHERE IngTypeID = 0 AND IngType = 'Undefined'");
-        QTest::newRow("scheme 64") << QStringLiteral("SELECT 1 - COUNT(*) FROM ColorSchemes WHERE id = 64");
-        QTest::newRow("price settings") << QStringLiteral(
-            "SELECT 5 - COUNT(*) FROM Constants WHERE Var IN ('MarkupOpt', 'MarkupPct', 'ApplyZero', 'RoundTo', "
-            "'MinPrice')");
-        QTest::newRow("builds, garnishes, ratings exist") << QStringLiteral(
-            "SELECT COUNT(*) FROM Drinks D LEFT JOIN Build B ON B.id = D.BuildID "
-            "LEFT JOIN Garnish G ON G.id = D.GarnishID LEFT JOIN Ratings R ON R.RatingID = D.RatingID "
-            "WHERE B.id IS NULL OR R.RatingID IS NULL OR (D.GarnishID IS NOT NULL AND G.id IS NULL)");
+        auto rule = [](const char *name, const char *count) { QTest::newRow(name) << QString::fromLatin1(count); };
+        rule("drink count", "SELECT COUNT(*) - 300 FROM Drinks");
+        rule("2 to 9 lines",
+             "SELECT COUNT(*) FROM (SELECT D.id, COUNT(R.DrinkID) AS n FROM Drinks D LEFT JOIN DrinkRel R ON "
+             "R.DrinkID = D.id GROUP BY D.id) WHERE n < 2 OR n > 9");
+        rule("lines numbered from 1",
+             "SELECT COUNT(*) FROM (SELECT DrinkID, MIN(seq) AS lo, MAX(seq) AS hi, COUNT(*) AS n FROM DrinkRel "
+             "GROUP BY DrinkID) WHERE lo <> 1 OR hi <> n");
+        rule("an ingredient once per drink",
+             "SELECT COUNT(*) FROM (SELECT DrinkID, IngID FROM DrinkRel GROUP BY DrinkID, IngID "
+             "HAVING COUNT(*) > 1)");
+        rule("1 to 3 categories",
+             "SELECT COUNT(*) FROM (SELECT D.id, COUNT(R.DrinkID) AS n FROM Drinks D LEFT JOIN DrinkTypeRel R ON "
+             "R.DrinkID = D.id GROUP BY D.id) WHERE n < 1 OR n > 3");
+        rule("categories exist",
+             "SELECT COUNT(*) FROM DrinkTypeRel R LEFT JOIN DrinkTypes T ON T.TypeID = R.DrinkTypeID "
+             "WHERE T.TypeID IS NULL");
+        rule("glass 1 to 24",
+             "SELECT COUNT(*) FROM Drinks D LEFT JOIN Glassware G ON G.GlassID = D.GlassType "
+             "WHERE D.GlassType NOT BETWEEN 1 AND 24 OR D.GlassType IS NULL OR G.GlassID IS NULL");
+        rule("names unique", "SELECT COUNT(*) - COUNT(DISTINCT Name) FROM Drinks");
+        rule("ingredients of lines exist",
+             "SELECT COUNT(*) FROM DrinkRel R LEFT JOIN Ingredients I ON I.id = R.IngID WHERE I.id IS NULL");
+        rule("2,000 ingredients", "SELECT COUNT(*) - 2000 FROM Ingredients");
+        rule("ingredient types exist",
+             "SELECT COUNT(*) FROM Ingredients I LEFT JOIN IngTypes T ON T.IngTypeID = I.Type "
+             "WHERE T.IngTypeID IS NULL");
+        rule("sub types belong to the type",
+             "SELECT COUNT(*) FROM Ingredients I LEFT JOIN IngSubTypes S ON S.IngSubTypeID = I.SubType WHERE "
+             "I.SubType <> 0 AND (S.IngSubTypeID IS NULL OR S.IngTypeID <> I.Type)");
+        rule("Unknown / Other", "SELECT 1 - COUNT(*) FROM DrinkTypes WHERE TypeID = 0 AND Type = 'Unknown / Other'");
+        rule("Undefined", "SELECT 1 - COUNT(*) FROM IngTypes WHERE IngTypeID = 0 AND IngType = 'Undefined'");
+        rule("scheme 64", "SELECT 1 - COUNT(*) FROM ColorSchemes WHERE id = 64");
+        rule("price settings",
+             "SELECT 5 - COUNT(*) FROM Constants WHERE Var IN ('MarkupOpt', 'MarkupPct', 'ApplyZero', 'RoundTo', "
+             "'MinPrice')");
+        rule("builds, garnishes, ratings exist",
+             "SELECT COUNT(*) FROM Drinks D LEFT JOIN Build B ON B.id = D.BuildID LEFT JOIN Garnish G "
+             "ON G.id = D.GarnishID LEFT JOIN Ratings R ON R.RatingID = D.RatingID "
+             "WHERE B.id IS NULL OR R.RatingID IS NULL OR (D.GarnishID IS NOT NULL AND G.id IS NULL)");
         // As the cabinet scan leaves it: 1 exactly where every line's ingredient is owned.
-        QTest::newRow("LiqCab from Selected")
-            << QStringLiteral("SELECT COUNT(*) FROM Drinks D WHERE D.LiqCab <> (NOT EXISTS (SELECT 1 FROM DrinkRel R "
-                              "JOIN Ingredients I ON I.id = R.IngID WHERE R.DrinkID = D.id AND I.Selected = 0))");
-        QTest::newRow("search results name their drinks") << QStringLiteral(
-            "SELECT COUNT(*) FROM SearchResults S LEFT JOIN Drinks D ON D.id = S.ID WHERE D.Name IS NOT S.Name");
+        rule("LiqCab from Selected",
+             "SELECT COUNT(*) FROM Drinks D WHERE D.LiqCab <> (NOT EXISTS (SELECT 1 FROM DrinkRel R JOIN "
+             "Ingredients I ON I.id = R.IngID WHERE R.DrinkID = D.id AND I.Selected = 0))");
+        rule("search results name their drinks",
+             "SELECT COUNT(*) FROM SearchResults S LEFT JOIN Drinks D ON D.id = S.ID WHERE D.Name IS NOT S.Name");
+        // Without these the views of marks, the cabinet and search mode would list nothing.
+        auto some = [](const char *name, const char *rows) {
+            QTest::newRow(name) << QStringLiteral("SELECT NOT EXISTS (%1)").arg(QString::fromLatin1(rows));
+        };
+        some("some marked", "SELECT 1 FROM Drinks WHERE Marked = 1");
+        some("some in the cabinet", "SELECT 1 FROM Drinks WHERE LiqCab = 1");
+        some("some search results", "SELECT 1 FROM SearchResults");
+        some("names sharing a prefix",
+             "SELECT 1 FROM Drinks A, Drinks B WHERE substr(B.Name, 1, length(A.Name) + 1) = A.Name || ' '");
+        some("lines costing nothing", "SELECT 1 FROM DrinkRel WHERE measure = 0");
+        some("unpriced drinks", "SELECT 1 FROM GetZeroPriceDrinks");
+        some("locked prices", "SELECT 1 FROM Drinks WHERE LockPrice = 1");
     }
 
     void rulesHold()
@@ -123,27 +135,6 @@ private slots:
         QFETCH(QString, violations);
         DrinkStore store(storeOf(m_dir));
         QCOMPARE(store.scalar(violations).toInt(), 0);
-    }
-
-    // Without these the views of marks, the cabinet and search mode would list nothing.
-    void everyKindOfListHasRows_data()
-    {
-        QTest::addColumn<QString>("count");
-        QTest::newRow("marked") << QStringLiteral("SELECT COUNT(*) FROM Drinks WHERE Marked = 1");
-        QTest::newRow("in the cabinet") << QStringLiteral("SELECT COUNT(*) FROM Drinks WHERE LiqCab = 1");
-        QTest::newRow("search results") << QStringLiteral("SELECT COUNT(*) FROM SearchResults");
-        QTest::newRow("names sharing a prefix") << QStringLiteral(
-            "SELECT COUNT(*) FROM Drinks A, Drinks B WHERE substr(B.Name, 1, length(A.Name) + 1) = A.Name || ' '");
-        QTest::newRow("lines costing nothing") << QStringLiteral("SELECT COUNT(*) FROM DrinkRel WHERE measure = 0");
-        QTest::newRow("unpriced drinks") << QStringLiteral("SELECT COUNT(*) FROM GetZeroPriceDrinks");
-        QTest::newRow("locked prices") << QStringLiteral("SELECT COUNT(*) FROM Drinks WHERE LockPrice = 1");
-    }
-
-    void everyKindOfListHasRows()
-    {
-        QFETCH(QString, count);
-        DrinkStore store(storeOf(m_dir));
-        QVERIFY(store.scalar(count).toInt() > 0);
     }
 
     // Each stored line must be what the editor would have stored for some typed amount and
@@ -176,24 +167,13 @@ private slots:
         QCOMPARE(StarterBookWriter::compareWithDrinkCostQuery(storeOf(m_dir)), QStringList());
     }
 
+    // The main list reads the generated rows (the benchmarks check the drink page on them).
     void theProgramReadsTheStore()
     {
         DrinkStore store(storeOf(m_dir));
         DrinkListModel list;
         list.load(store, BuildListSQL(6, 0, false, false));
         QCOMPARE(list.rowCount(), Drinks);
-
-        CDrinkFacade facade(store, m_dir.path());
-        const qint32 id = list.idAt(Drinks / 2);
-        const QString text = facade.drinkAsPlainText(id);
-        QVERIFY(text.startsWith(list.nameAt(Drinks / 2) + QStringLiteral("\r\n\r\n")));
-        QSqlQuery lines = store.select(QStringLiteral("SELECT amount, Ingredient FROM DrinkIngredients "
-                                                      "WHERE DrinkID = ") +
-                                       QString::number(id));
-        while (lines.next())
-            QVERIFY(
-                text.contains(lines.value(0).toString() + u' ' + lines.value(1).toString() + QStringLiteral("\r\n")));
-        QVERIFY(text.contains(QStringLiteral("Price: ")));
     }
 
     void everyLetterTabHasDrinks()

@@ -1,4 +1,6 @@
 // The drink page: tokens, sections, colours, pictures and the page's files.
+#include "TestFiles.h"
+#include "ShownDrinks.h"
 #include "TestStore.h"
 #include "base/Cp1252.h"
 #include "base/modCorvane.h"
@@ -14,63 +16,7 @@
 #include <QImage>
 #include <QtTest>
 
-class tst_DrinkPage : public QObject {
-    Q_OBJECT
-  private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void everyToken();
-    void tokens_data();
-    void tokens();
-    void sections_data();
-    void sections();
-    void colorToHTML_data();
-    void colorToHTML();
-    void htmlColorDigits_data();
-    void htmlColorDigits();
-    void colorsWrittenBack();
-    void specialPages_data();
-    void specialPages();
-    void glassFilesInTurns();
-    void glassNumber_data();
-    void glassNumber();
-    void drinkImage_data();
-    void drinkImage();
-    void drinkImageOnlyWhenAsked();
-    void pageFile();
-    void glassPicturePath_data();
-    void glassPicturePath();
-
-  private:
-    QString page(int id, const QString &tmpl);
-    QString app(QString text) const;
-    void setImage(int id, const QString &value);
-
-    std::unique_ptr<TestStore> m_ts;
-    std::unique_ptr<CDrinkFacade> m_facade;
-};
-
 namespace {
-const char *kRows = R"SQL(
-INSERT INTO Glassware VALUES (1, 'Coupe', ''), (3, 'Flute', ''), (24, 'Other Glass', '');
-INSERT INTO Garnish (id, Name) VALUES (1, 'Lime Wheel');
-INSERT INTO Build (id, Name) VALUES (1, 'Shaken');
-INSERT INTO Ratings (RatingID, Name) VALUES (1, 'Excellent');
-INSERT INTO DrinkTypes VALUES (0, 'Unknown / Other'), (1, 'Sours'), (2, 'Classic Cocktails');
-INSERT INTO Ingredients (id, Ingredient, Selected) VALUES (1, 'Light Rum', 1), (2, 'Lime Juice', 0);
-INSERT INTO Drinks (id, Name, GlassType, Description, Comments, Price, Cost, BuildID, GarnishID, RatingID,
-                    Marked, ImageFilePath) VALUES
-  (5, 'Daiquiri', 1, 'Shake & strain.', 'Tart', 4.25, 1.0213, 1, 1, 1, 1, '000123'),
-  (6, 'A <b> & B', NULL, NULL, NULL, NULL, NULL, NULL, NULL, NULL, 0, ''),
-  (7, 'Zero', 0, '', '', 1, 1, NULL, NULL, NULL, 0, ''),
-  (8, 'Big', 25, '', '', 1, 1, NULL, NULL, NULL, 0, ''),
-  (9, 'Flat', 3, '', '', 1, 1, NULL, NULL, NULL, 0, ''),
-  (10, '!#!#Comment!#!#', 1, '', '!#!#Name!#!#', 1, 1, NULL, NULL, NULL, 0, '');
-INSERT INTO DrinkRel VALUES (5, 2, 2, '1 oz', '3.0 cl', 1), (5, 1, 1, '2 oz', '6.0 cl', 2);
-INSERT INTO DrinkTypeRel VALUES (5, 1), (5, 2);
-)SQL";
-
 // The test's scheme: every colour distinct, and not symmetric, so a swapped pair shows.
 constexpr quint32 kBackground = 0xF0E0D0, kText = 0x010203, kHighlight = 0x0A0B0C, kAccent = 0x445566,
                   kMissing = 0x0000FF;
@@ -91,68 +37,371 @@ bool writeArchive(const QString &path, const QString &password, const QStringLis
     return archive.commit();
 }
 
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 } // namespace
 
-// One store and one set of pictures for all tests; each test gets a new facade, the test's
-// scheme, and a directory without the files that pages leave behind.
-void tst_DrinkPage::initTestCase()
-{
-    m_ts = std::make_unique<TestStore>(QString::fromLatin1(kRows));
-    // Pictures 1 and 24 only: transparent on the left, the glass's colour on the right.
-    QVERIFY(QDir(m_ts->appDir()).mkpath(QStringLiteral("glass")));
-    for (int n : {1, 24}) {
-        QImage picture(4, 4, QImage::Format_ARGB32);
-        picture.fill(Qt::transparent);
-        for (int y = 0; y < 4; ++y)
-            for (int x = 2; x < 4; ++x)
-                picture.setPixel(x, y, glassColor(n));
-        QVERIFY(picture.save(QStringLiteral("%1/glass/%2.png").arg(m_ts->appDir()).arg(n, 2, 10, QChar(u'0'))));
+class tst_DrinkPage : public QObject {
+    Q_OBJECT
+  private slots:
+    // One store and one set of pictures for all tests; each test gets a new facade, the test's
+    // scheme, and a directory without the files that pages leave behind.
+    void initTestCase()
+    {
+        m_ts = std::make_unique<TestStore>(shownDrinksRows());
+        // Pictures 1 and 24 only: transparent on the left, the glass's colour on the right.
+        QVERIFY(QDir(m_ts->appDir()).mkpath(QStringLiteral("glass")));
+        for (int n : {1, 24}) {
+            QImage picture(4, 4, QImage::Format_ARGB32);
+            picture.fill(Qt::transparent);
+            for (int y = 0; y < 4; ++y)
+                for (int x = 2; x < 4; ++x)
+                    picture.setPixel(x, y, glassColor(n));
+            QVERIFY(picture.save(QStringLiteral("%1/glass/%2.png").arg(m_ts->appDir()).arg(n, 2, 10, QChar(u'0'))));
+        }
     }
-}
 
-void tst_DrinkPage::init()
-{
-    QDir dir(m_ts->appDir());
-    const QStringList leftBehind{QStringLiteral("*.bmp"), QStringLiteral("*.jpg"), QStringLiteral("*.gif"),
-                                 QStringLiteral("*.cvk"), QStringLiteral("*.glw")};
-    for (const QString &name : dir.entryList(leftBehind, QDir::Files))
-        QVERIFY(dir.remove(name));
-    if (!dir.exists(QStringLiteral("Corvane.cvi")))
-        QVERIFY(writeArchive(dir.filePath(QStringLiteral("Corvane.cvi")),
-                             QString::fromLatin1(ArchivePasswords::ImageArchive),
-                             {QStringLiteral("000123.jpg"), QStringLiteral("12345.jpg")}));
-    setImage(5, QStringLiteral("000123"));
+    void init()
+    {
+        QDir dir(m_ts->appDir());
+        const QStringList leftBehind{QStringLiteral("*.bmp"), QStringLiteral("*.jpg"), QStringLiteral("*.gif"),
+                                     QStringLiteral("*.cvk"), QStringLiteral("*.glw")};
+        for (const QString &name : dir.entryList(leftBehind, QDir::Files))
+            QVERIFY(dir.remove(name));
+        if (!dir.exists(QStringLiteral("Corvane.cvi")))
+            QVERIFY(writeArchive(dir.filePath(QStringLiteral("Corvane.cvi")),
+                                 QString::fromLatin1(ArchivePasswords::ImageArchive),
+                                 {QStringLiteral("000123.jpg"), QStringLiteral("12345.jpg")}));
+        setImage(5, QStringLiteral("000123"));
 
-    m_facade = std::make_unique<CDrinkFacade>(m_ts->store(), m_ts->appDir());
-    m_facade->setCurrentHTMLTemplateRoot(m_ts->appDir() + QStringLiteral("/Templates"));
+        m_facade = std::make_unique<CDrinkFacade>(m_ts->store(), m_ts->appDir());
+        m_facade->setCurrentHTMLTemplateRoot(m_ts->appDir() + QStringLiteral("/Templates"));
 
-    modCorvane::State &s = modCorvane::state();
-    s = modCorvane::State{};
-    s.schemeBackgroundColor = kBackground;
-    s.schemeTextColor = kText;
-    s.schemeHighlightColor = kHighlight;
-    s.schemeAccentColor = kAccent;
-    s.missingIngColor = kMissing;
-}
+        modCorvane::State &s = modCorvane::state();
+        s = modCorvane::State{};
+        s.schemeBackgroundColor = kBackground;
+        s.schemeTextColor = kText;
+        s.schemeHighlightColor = kHighlight;
+        s.schemeAccentColor = kAccent;
+        s.missingIngColor = kMissing;
+    }
 
-void tst_DrinkPage::cleanup()
-{
-    m_facade.reset();
-}
+    void cleanup() { m_facade.reset(); }
+
+    void everyToken()
+    {
+        const QStringList names =
+            QStringLiteral("BackgroundColor TextColor HighlightColor AccentColor Name Recipe Garnish "
+                           "Build Rating Comment Price Cost Glassware GlassImagePath DrinkImagePath "
+                           "Marked MarkedImage Nope Ing Categories")
+                .split(u' ');
+        QString tmpl;
+        for (const QString &name : names)
+            tmpl += name + u'=' + QStringLiteral("!#!#") + name + QStringLiteral("!#!#\r\n");
+
+        QCOMPARE(page(5, tmpl),
+                 app(QStringLiteral("BackgroundColor=D0E0F0\r\nTextColor=030201\r\nHighlightColor=0C0B0A\r\n"
+                                    "AccentColor=665544\r\nName=Daiquiri\r\nRecipe=Shake & strain.\r\n"
+                                    "Garnish=Lime Wheel\r\nBuild=Shaken\r\nRating=Excellent\r\n"
+                                    "Comment=Tart\r\nPrice=$4.25\r\nCost=$1.02\r\nGlassware=Coupe\r\n"
+                                    "GlassImagePath=<app>/glassb.bmp\r\nDrinkImagePath=<app>/000123.jpg\r\n"
+                                    "Marked=Marked\r\nMarkedImage=<app>/Templates/mrk.gif\r\n"
+                                    "Nope=!#!#Nope!#!#\r\nIng=2 oz Light Rum<br>1 oz Lime Juice<br>\r\n"
+                                    "Categories=Sours<br>Classic Cocktails<br>\r\n")));
+        QCOMPARE(m_facade->currentDrinkID(), 5);
+
+        QCOMPARE(page(6, tmpl),
+                 app(QStringLiteral("BackgroundColor=D0E0F0\r\nTextColor=030201\r\nHighlightColor=0C0B0A\r\n"
+                                    "AccentColor=665544\r\nName=A <b> & B\r\nRecipe=\r\n"
+                                    "Garnish=&nbsp\r\nBuild=&nbsp\r\nRating=&nbsp\r\n"
+                                    "Comment=\r\nPrice=$0.00\r\nCost=$0.00\r\nGlassware=Other Glass\r\n"
+                                    "GlassImagePath=<app>/glassa.bmp\r\nDrinkImagePath=<app>/spacer.gif\r\n"
+                                    "Marked=Not Marked\r\nMarkedImage=<app>/Templates/unmrk.gif\r\n"
+                                    "Nope=!#!#Nope!#!#\r\nIng=&nbsp\r\nCategories=&nbsp\r\n")));
+    }
+
+    void tokens_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("tmpl");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("upper case") << 5 << "<h1>!#!#NAME!#!#</h1>" << "<h1>Daiquiri</h1>";
+        QTest::newRow("every occurrence, any case") << 5 << "!#!#name!#!#/!#!#nAmE!#!#/!#!#Name!#!#"
+                                                    << "Daiquiri/Daiquiri/Daiquiri";
+        QTest::newRow("unknown and broken tokens kept") << 5 << "!#!#Drink!#!# !#!Name!#!# !#!#Name!# !#!#!#!#"
+                                                        << "!#!#Drink!#!# !#!Name!#!# !#!#Name!# !#!#!#!#";
+        // Name comes before Comment: a name holding a later token is filled again, not the reverse.
+        QTest::newRow("replacement order") << 10 << "!#!#Name!#!#|!#!#Comment!#!#" << "!#!#Name!#!#|!#!#Name!#!#";
+    }
+
+    void tokens()
+    {
+        QFETCH(int, id);
+        QFETCH(QString, tmpl);
+        QFETCH(QString, expected);
+        QCOMPARE(page(id, tmpl), app(expected));
+    }
+
+    void sections_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<bool>("metric");
+        QTest::addColumn<bool>("missingColor");
+        QTest::addColumn<QString>("tmpl");
+        QTest::addColumn<QString>("expected");
+
+        const QString ing = QStringLiteral("a<!-StartIng>[!#!#IngColor!#!#:!#!#Ing!#!#]<!-EndIng>b");
+        QTest::newRow("rows, missing one coloured")
+            << 5 << false << true << ing << "a<!-StartIng>[030201:2 oz Light Rum][FF0000:1 oz Lime Juice]b";
+        QTest::newRow("metric amounts") << 5 << true << true << ing
+                                        << "a<!-StartIng>[030201:6.0 cl Light Rum][FF0000:3.0 cl Lime Juice]b";
+        QTest::newRow("missing colour off") << 5 << false << false << ing
+                                            << "a<!-StartIng>[030201:2 oz Light Rum][030201:1 oz Lime Juice]b";
+        QTest::newRow("markers at the very ends") << 5 << false << true << "<!-StartIng>!#!#Ing!#!#;<!-EndIng>"
+                                                  << "<!-StartIng>2 oz Light Rum;1 oz Lime Juice;";
+        QTest::newRow("markers in any case, as written") << 5 << false << true << "<!-STARTING>!#!#Ing!#!#;<!-ending>x"
+                                                         << "<!-STARTING>2 oz Light Rum;1 oz Lime Juice;x";
+        QTest::newRow("only the first section")
+            << 5 << false << true << "<!-StartIng>(!#!#Ing!#!#)<!-EndIng>|<!-StartIng>!#!#Ing!#!#<!-EndIng>"
+            << "<!-StartIng>(2 oz Light Rum)(1 oz Lime Juice)|<!-StartIng>!#!#Ing!#!#<!-EndIng>";
+        QTest::newRow("no section: english, no colour")
+            << 5 << true << true << "<!-StartIng>!#!#Ing!#!#|!#!#IngColor!#!#"
+            << "<!-StartIng>2 oz Light Rum<br>1 oz Lime Juice<br>|!#!#IngColor!#!#";
+        QTest::newRow("no ingredients keep the markers")
+            << 6 << false << true << ing << "a<!-StartIng>[!#!#IngColor!#!#:&nbsp]<!-EndIng>b";
+        QTest::newRow("end before start leaves the ingredients, categories go on")
+            << 5 << false << true << "<!-EndIng>!#!#Ing!#!#<!-StartIng>|!#!#Categories!#!#"
+            << "<!-EndIng>!#!#Ing!#!#<!-StartIng>|Sours<br>Classic Cocktails<br>";
+
+        QTest::newRow("categories repeat their start marker")
+            << 5 << false << true << "x<!-StartCat><i>!#!#Categories!#!#</i><!-EndCat>y"
+            << "x<!-StartCat><i>Sours</i><!-StartCat><i>Classic Cocktails</i>y";
+        QTest::newRow("category markers at the very ends")
+            << 5 << false << true << "<!-startcat>!#!#Categories!#!#<!-ENDCAT>"
+            << "<!-startcat>Sours<!-startcat>Classic Cocktails";
+        QTest::newRow("no category section") << 5 << false << true << "<!-EndCat>!#!#Categories!#!#"
+                                             << "<!-EndCat>Sours<br>Classic Cocktails<br>";
+        QTest::newRow("no categories keep the markers")
+            << 6 << false << true << "x<!-StartCat>!#!#Categories!#!#<!-EndCat>y"
+            << "x<!-StartCat>&nbsp<!-EndCat>y";
+        QTest::newRow("category end before start") << 5 << false << true << "<!-EndCat>!#!#Categories!#!#<!-StartCat>"
+                                                   << "<!-EndCat>!#!#Categories!#!#<!-StartCat>";
+    }
+
+    void sections()
+    {
+        QFETCH(int, id);
+        QFETCH(bool, metric);
+        QFETCH(bool, missingColor);
+        QFETCH(QString, tmpl);
+        QFETCH(QString, expected);
+        modCorvane::state().useMetric = metric;
+        modCorvane::state().useMissingIngColor = missingColor;
+        QCOMPARE(page(id, tmpl), expected);
+    }
+
+    void colorToHTML_data()
+    {
+        QTest::addColumn<quint32>("value");
+        QTest::addColumn<QString>("html");
+        QTest::addColumn<quint32>("after");
+        // Without a GUI application the system colours take the platform's usual values.
+        QTest::newRow("white") << 0xFFFFFFu << "FFFFFF" << 0xFFFFFFu;
+        QTest::newRow("just out of range") << 0x1000000u << "FFFFFF" << 0xFFFFFFu;
+        QTest::newRow("highlight") << 0x8000000Du << "0078D7" << 0xD77800u;
+    }
+
+    void colorToHTML()
+    {
+        QFETCH(quint32, value);
+        QFETCH(QString, html);
+        QFETCH(quint32, after);
+        QCOMPARE(DrinkPage::ColorToHTML(value), html);
+        QCOMPARE(value, after);
+    }
+
+    void colorsWrittenBack()
+    {
+        modCorvane::State &s = modCorvane::state();
+        s.schemeTextColor = modCorvane::SysWindowText;
+        s.schemeAccentColor = modCorvane::SysButtonShadow;
+        s.missingIngColor = 0x80000005;
+        QCOMPARE(page(5, QStringLiteral("!#!#AccentColor!#!#<!-StartIng>!#!#IngColor!#!#;<!-EndIng>")),
+                 QStringLiteral("A0A0A0<!-StartIng>000000;FFFFFF;"));
+        QCOMPARE(s.schemeTextColor, 0u);
+        QCOMPARE(s.schemeAccentColor, 0xA0A0A0u);
+        QCOMPARE(s.missingIngColor, 0xFFFFFFu);
+
+        s.schemeBackgroundColor = modCorvane::SysButtonFace;
+        QCOMPARE(m_facade->drinkAsHTML(0), QStringLiteral("<html><head><body bgcolor=\"#F0F0F0\">&nbsp</body></html>"));
+        QCOMPARE(s.schemeBackgroundColor, 0xF0F0F0u);
+    }
+
+    void specialPages_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("tmpl");
+        QTest::addColumn<QString>("expected");
+        const QString blank = QStringLiteral("<html><head><body bgcolor=\"#D0E0F0\">&nbsp</body></html>");
+        QTest::newRow("no selection") << 0 << "!#!#Name!#!#" << blank;
+        QTest::newRow("unknown drink, no template") << 404 << "" << blank;
+        QTest::newRow("no template")
+            << 6 << ""
+            << "<html><body bgcolor=\"#D0E0F0\"><h1 align=\"CENTER\"><font face=\"Arial, Helvetica, "
+               "sans-serif\">A <b> & B</font></h1>Please select a template (Tools | "
+               "Templates)</body></html>";
+    }
+
+    void specialPages()
+    {
+        QFETCH(int, id);
+        QFETCH(QString, tmpl);
+        QFETCH(QString, expected);
+        QCOMPARE(page(id, tmpl), expected);
+        // Neither page has a glass picture, so the turn does not move.
+        QVERIFY(m_facade->nextGlassIsA);
+        QVERIFY(!QFile::exists(m_ts->appDir() + QStringLiteral("/glassb.bmp")));
+    }
+
+    void glassFilesInTurns()
+    {
+        const QString a = m_ts->appDir() + QStringLiteral("/glassa.bmp"),
+                      b = m_ts->appDir() + QStringLiteral("/glassb.bmp");
+        QVERIFY(writeFile(a, QByteArray()));
+
+        // The picture is written whether or not the template shows it.
+        QCOMPARE(page(5, QStringLiteral("no glass here")), QStringLiteral("no glass here"));
+        QVERIFY(!QFile::exists(a));
+        QCOMPARE(QImage(b).pixel(3, 3), glassColor(1));
+
+        QCOMPARE(m_facade->drinkAsHTML(5), QStringLiteral("no glass here"));
+        QVERIFY(!QFile::exists(b));
+        QCOMPARE(QImage(a).pixel(3, 3), glassColor(1));
+
+        // No picture for glass 3: the page keeps its path, and no older glass stands in.
+        QFile::copy(a, b);
+        QCOMPARE(page(9, QStringLiteral("!#!#GlassImagePath!#!#")), b);
+        QVERIFY(!QFile::exists(a));
+        QVERIFY(!QFile::exists(b));
+    }
+
+    void glassNumber_data()
+    {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<int>("picture");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("glass 1") << 5 << 1 << "Coupe";
+        QTest::newRow("Null") << 6 << 24 << "Other Glass";
+        QTest::newRow("0") << 7 << 24 << "Other Glass";
+        QTest::newRow("25") << 8 << 24 << "Other Glass";
+    }
+
+    void glassNumber()
+    {
+        QFETCH(int, id);
+        QFETCH(int, picture);
+        QFETCH(QString, name);
+        QCOMPARE(page(id, QStringLiteral("!#!#Glassware!#!#")), name);
+        const QImage bitmap(m_ts->appDir() + QStringLiteral("/glassb.bmp"));
+        QVERIFY(!bitmap.hasAlphaChannel());
+        QCOMPARE(bitmap.size(), QSize(4, 4));
+        QCOMPARE(bitmap.pixel(3, 0), glassColor(picture));
+        QCOMPARE(bitmap.pixel(0, 0), qRgb(255, 255, 255)); // transparency lies on white
+    }
+
+    void drinkImage_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("extracted");
+        auto row = [](const char *name, const char *value, const char *path, const char *extracted) {
+            QTest::newRow(name) << QString::fromLatin1(value) << QString::fromLatin1(path)
+                                << QString::fromLatin1(extracted);
+        };
+        row("six digits from the archive", "000123", "<app>/000123.jpg", "000123.jpg");
+        row("five digits are a path", "12345", "12345", "");
+        row("six characters with a letter", "12a456", "12a456", "");
+        row("a full path, unchecked", "/srv/pictures/sour.jpg", "/srv/pictures/sour.jpg", "");
+        row("member missing", "000999", "<app>/spacer.gif", "");
+        row("no picture", "", "<app>/spacer.gif", "");
+    }
+
+    void drinkImage()
+    {
+        QFETCH(QString, value);
+        QFETCH(QString, path);
+        QFETCH(QString, extracted);
+        setImage(5, value);
+        QCOMPARE(page(5, QStringLiteral("<img src=\"!#!#drinkimagepath!#!#\">")), app("<img src=\"" + path + "\">"));
+        QCOMPARE(QFile::exists(m_ts->appDir() + QStringLiteral("/12345.jpg")), false);
+        if (!extracted.isEmpty())
+            QCOMPARE(readFile(m_ts->appDir() + u'/' + extracted), "picture " + extracted.toLatin1());
+    }
+
+    void drinkImageOnlyWhenAsked()
+    {
+        const QString picture = m_ts->appDir() + QStringLiteral("/000123.jpg");
+        QCOMPARE(page(5, QStringLiteral("!#!#Name!#!#")), QStringLiteral("Daiquiri"));
+        QVERIFY(!QFile::exists(picture));
+
+        QVERIFY(QFile::remove(m_ts->appDir() + QStringLiteral("/Corvane.cvi")));
+        QCOMPARE(page(5, QStringLiteral("!#!#DrinkImagePath!#!#")), app(QStringLiteral("<app>/spacer.gif")));
+        QVERIFY(!QFile::exists(picture));
+    }
+
+    void pageFile()
+    {
+        const QString path = m_ts->appDir() + QStringLiteral("/corvane.cvk");
+        QVERIFY(writeFile(path, "a longer page that was here before"));
+
+        QString error;
+        QCOMPARE(PageFiles::writePageFile(m_ts->appDir(), QString::fromUtf8("<p>Café € 1\r\n2</p>"), &error), path);
+        QCOMPARE(readFile(path), QByteArray("<p>Caf\xe9 \x80 1\r\n2</p>\r\n"));
+        QVERIFY(error.isEmpty());
+
+        QCOMPARE(PageFiles::writePageFile(m_ts->appDir() + QStringLiteral("/no/such/dir"), QStringLiteral("x"), &error),
+                 QString());
+        QVERIFY(error.contains(QStringLiteral("corvane.cvk")));
+    }
+
+    void glassPicturePath_data()
+    {
+        QTest::addColumn<int>("glass");
+        QTest::addColumn<bool>("archive");
+        QTest::addColumn<QString>("path");
+        QTest::newRow("one digit padded") << 7 << true << "<app>/07.gif";
+        QTest::newRow("two digits") << 12 << true << "<app>/12.gif";
+        QTest::newRow("three digits") << 123 << true << "<app>/123.gif";
+        QTest::newRow("member missing") << 5 << true << "<app>/spacer.gif";
+        QTest::newRow("archive missing") << 7 << false << "<app>/spacer.gif";
+    }
+
+    void glassPicturePath()
+    {
+        QFETCH(int, glass);
+        QFETCH(bool, archive);
+        QFETCH(QString, path);
+        if (archive)
+            QVERIFY(writeArchive(m_ts->appDir() + QStringLiteral("/corvane.glw"),
+                                 QString::fromLatin1(ArchivePasswords::GlassArchive),
+                                 {QStringLiteral("07.gif"), QStringLiteral("12.gif"), QStringLiteral("123.gif")}));
+        QCOMPARE(PageFiles::GlassPicturePath(m_ts->appDir(), glass), app(path));
+        if (!path.endsWith(QStringLiteral("spacer.gif")))
+            QVERIFY(readFile(app(path)).startsWith("picture "));
+    }
+
+  private:
+    QString page(int id, const QString &tmpl);
+    QString app(QString text) const;
+    void setImage(int id, const QString &value);
+
+    std::unique_ptr<TestStore> m_ts;
+    std::unique_ptr<CDrinkFacade> m_facade;
+};
 
 QString tst_DrinkPage::page(int id, const QString &tmpl)
 {
     const QString path = m_ts->appDir() + QStringLiteral("/page.cvt");
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!writeFile(path, Cp1252::encode(tmpl)))
         return QStringLiteral("cannot write the template");
-    file.write(Cp1252::encode(tmpl));
-    file.close();
     m_facade->setCurrentHTMLTemplatePath(path);
     return m_facade->drinkAsHTML(id);
 }
@@ -169,362 +418,6 @@ void tst_DrinkPage::setImage(int id, const QString &value)
     update.addBindValue(value);
     update.addBindValue(id);
     m_ts->store().exec(update);
-}
-
-void tst_DrinkPage::everyToken()
-{
-    const QStringList names{QStringLiteral("BackgroundColor"),
-                            QStringLiteral("TextColor"),
-                            QStringLiteral("HighlightColor"),
-                            QStringLiteral("AccentColor"),
-                            QStringLiteral("Name"),
-                            QStringLiteral("Recipe"),
-                            QStringLiteral("Garnish"),
-                            QStringLiteral("Build"),
-                            QStringLiteral("Rating"),
-                            QStringLiteral("Comment"),
-                            QStringLiteral("Price"),
-                            QStringLiteral("Cost"),
-                            QStringLiteral("Glassware"),
-                            QStringLiteral("GlassImagePath"),
-                            QStringLiteral("DrinkImagePath"),
-                            QStringLiteral("Marked"),
-                            QStringLiteral("MarkedImage"),
-                            QStringLiteral("Nope"),
-                            QStringLiteral("Ing"),
-                            QStringLiteral("Categories")};
-    QString tmpl;
-    for (const QString &name : names)
-        tmpl += name + u'=' + QStringLiteral("!#!#") + name + QStringLiteral("!#!#\r\n");
-
-    QCOMPARE(page(5, tmpl), app(QStringLiteral("BackgroundColor=D0E0F0\r\nTextColor=030201\r\nHighlightColor=0C0B0A\r\n"
-                                               "AccentColor=665544\r\nName=Daiquiri\r\nRecipe=Shake & strain.\r\n"
-                                               "Garnish=Lime Wheel\r\nBuild=Shaken\r\nRating=Excellent\r\n"
-                                               "Comment=Tart\r\nPrice=$4.25\r\nCost=$1.02\r\nGlassware=Coupe\r\n"
-                                               "GlassImagePath=<app>/glassb.bmp\r\nDrinkImagePath=<app>/000123.jpg\r\n"
-                                               "Marked=Marked\r\nMarkedImage=<app>/Templates/mrk.gif\r\n"
-                                               "Nope=!#!#Nope!#!#\r\nIng=2 oz Light Rum<br>1 oz Lime Juice<br>\r\n"
-                                               "Categories=Sours<br>Classic Cocktails<br>\r\n")));
-    QCOMPARE(m_facade->currentDrinkID(), 5);
-
-    QCOMPARE(page(6, tmpl), app(QStringLiteral("BackgroundColor=D0E0F0\r\nTextColor=030201\r\nHighlightColor=0C0B0A\r\n"
-                                               "AccentColor=665544\r\nName=A <b> & B\r\nRecipe=\r\n"
-                                               "Garnish=&nbsp\r\nBuild=&nbsp\r\nRating=&nbsp\r\n"
-                                               "Comment=\r\nPrice=$0.00\r\nCost=$0.00\r\nGlassware=Other Glass\r\n"
-                                               "GlassImagePath=<app>/glassa.bmp\r\nDrinkImagePath=<app>/spacer.gif\r\n"
-                                               "Marked=Not Marked\r\nMarkedImage=<app>/Templates/unmrk.gif\r\n"
-                                               "Nope=!#!#Nope!#!#\r\nIng=&nbsp\r\nCategories=&nbsp\r\n")));
-}
-
-void tst_DrinkPage::tokens_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<QString>("tmpl");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("upper case") << 5 << "<h1>!#!#NAME!#!#</h1>"
-                                << "<h1>Daiquiri</h1>";
-    QTest::newRow("every occurrence, any case") << 5 << "!#!#name!#!#/!#!#nAmE!#!#/!#!#Name!#!#"
-                                                << "Daiquiri/Daiquiri/Daiquiri";
-    QTest::newRow("unknown and broken tokens kept") << 5 << "!#!#Drink!#!# !#!Name!#!# !#!#Name!# !#!#!#!#"
-                                                    << "!#!#Drink!#!# !#!Name!#!# !#!#Name!# !#!#!#!#";
-    QTest::newRow("no escaping") << 6 << "<title>!#!#Name!#!#</title>"
-                                 << "<title>A <b> & B</title>";
-    // Name comes before Comment: a name holding a later token is filled again, not the reverse.
-    QTest::newRow("replacement order") << 10 << "!#!#Name!#!#|!#!#Comment!#!#"
-                                       << "!#!#Name!#!#|!#!#Name!#!#";
-}
-
-void tst_DrinkPage::tokens()
-{
-    QFETCH(int, id);
-    QFETCH(QString, tmpl);
-    QFETCH(QString, expected);
-    QCOMPARE(page(id, tmpl), app(expected));
-}
-
-void tst_DrinkPage::sections_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<bool>("metric");
-    QTest::addColumn<bool>("missingColor");
-    QTest::addColumn<QString>("tmpl");
-    QTest::addColumn<QString>("expected");
-
-    const QString ing = QStringLiteral("a<!-StartIng>[!#!#IngColor!#!#:!#!#Ing!#!#]<!-EndIng>b");
-    QTest::newRow("rows, missing one coloured")
-        << 5 << false << true << ing << "a<!-StartIng>[030201:2 oz Light Rum][FF0000:1 oz Lime Juice]b";
-    QTest::newRow("metric amounts") << 5 << true << true << ing
-                                    << "a<!-StartIng>[030201:6.0 cl Light Rum][FF0000:3.0 cl Lime Juice]b";
-    QTest::newRow("missing colour off") << 5 << false << false << ing
-                                        << "a<!-StartIng>[030201:2 oz Light Rum][030201:1 oz Lime Juice]b";
-    QTest::newRow("markers at the very ends") << 5 << false << true << "<!-StartIng>!#!#Ing!#!#;<!-EndIng>"
-                                              << "<!-StartIng>2 oz Light Rum;1 oz Lime Juice;";
-    QTest::newRow("markers in any case, as written") << 5 << false << true << "<!-STARTING>!#!#Ing!#!#;<!-ending>x"
-                                                     << "<!-STARTING>2 oz Light Rum;1 oz Lime Juice;x";
-    QTest::newRow("only the first section")
-        << 5 << false << true << "<!-StartIng>(!#!#Ing!#!#)<!-EndIng>|<!-StartIng>!#!#Ing!#!#<!-EndIng>"
-        << "<!-StartIng>(2 oz Light Rum)(1 oz Lime Juice)|<!-StartIng>!#!#Ing!#!#<!-EndIng>";
-    QTest::newRow("no section: english, no colour")
-        << 5 << true << true << "<!-StartIng>!#!#Ing!#!#|!#!#IngColor!#!#"
-        << "<!-StartIng>2 oz Light Rum<br>1 oz Lime Juice<br>|!#!#IngColor!#!#";
-    QTest::newRow("no ingredients keep the markers")
-        << 6 << false << true << ing << "a<!-StartIng>[!#!#IngColor!#!#:&nbsp]<!-EndIng>b";
-    QTest::newRow("end before start leaves the ingredients, categories go on")
-        << 5 << false << true << "<!-EndIng>!#!#Ing!#!#<!-StartIng>|!#!#Categories!#!#"
-        << "<!-EndIng>!#!#Ing!#!#<!-StartIng>|Sours<br>Classic Cocktails<br>";
-
-    QTest::newRow("categories repeat their start marker")
-        << 5 << false << true << "x<!-StartCat><i>!#!#Categories!#!#</i><!-EndCat>y"
-        << "x<!-StartCat><i>Sours</i><!-StartCat><i>Classic Cocktails</i>y";
-    QTest::newRow("category markers at the very ends")
-        << 5 << false << true << "<!-startcat>!#!#Categories!#!#<!-ENDCAT>"
-        << "<!-startcat>Sours<!-startcat>Classic Cocktails";
-    QTest::newRow("no category section") << 5 << false << true << "<!-EndCat>!#!#Categories!#!#"
-                                         << "<!-EndCat>Sours<br>Classic Cocktails<br>";
-    QTest::newRow("no categories keep the markers")
-        << 6 << false << true << "x<!-StartCat>!#!#Categories!#!#<!-EndCat>y"
-        << "x<!-StartCat>&nbsp<!-EndCat>y";
-    QTest::newRow("category end before start") << 5 << false << true << "<!-EndCat>!#!#Categories!#!#<!-StartCat>"
-                                               << "<!-EndCat>!#!#Categories!#!#<!-StartCat>";
-}
-
-void tst_DrinkPage::sections()
-{
-    QFETCH(int, id);
-    QFETCH(bool, metric);
-    QFETCH(bool, missingColor);
-    QFETCH(QString, tmpl);
-    QFETCH(QString, expected);
-    modCorvane::state().useMetric = metric;
-    modCorvane::state().useMissingIngColor = missingColor;
-    QCOMPARE(page(id, tmpl), expected);
-}
-
-void tst_DrinkPage::colorToHTML_data()
-{
-    QTest::addColumn<quint32>("value");
-    QTest::addColumn<QString>("html");
-    QTest::addColumn<quint32>("after");
-    // Without a GUI application the system colours take the platform's usual values.
-    QTest::newRow("BBGGRR turned") << 0x332211u << "112233" << 0x332211u;
-    QTest::newRow("short value padded") << 0x0000FFu << "FF0000" << 0x0000FFu;
-    QTest::newRow("white") << 0xFFFFFFu << "FFFFFF" << 0xFFFFFFu;
-    QTest::newRow("just out of range") << 0x1000000u << "FFFFFF" << 0xFFFFFFu;
-    QTest::newRow("system colour without a case") << 0x80000005u << "FFFFFF" << 0xFFFFFFu;
-    QTest::newRow("window text") << 0x80000008u << "000000" << 0u;
-    QTest::newRow("highlight") << 0x8000000Du << "0078D7" << 0xD77800u;
-    QTest::newRow("button face") << 0x8000000Fu << "F0F0F0" << 0xF0F0F0u;
-    QTest::newRow("button shadow") << 0x80000010u << "A0A0A0" << 0xA0A0A0u;
-}
-
-void tst_DrinkPage::colorToHTML()
-{
-    QFETCH(quint32, value);
-    QFETCH(QString, html);
-    QFETCH(quint32, after);
-    QCOMPARE(DrinkPage::ColorToHTML(value), html);
-    QCOMPARE(value, after);
-}
-
-void tst_DrinkPage::htmlColorDigits_data()
-{
-    QTest::addColumn<quint32>("value");
-    QTest::addColumn<QString>("html");
-    QTest::newRow("seven digits cut to the last six") << 0x1ABCDEFu << "EFCDAB";
-    QTest::newRow("eight digits") << 0x80000008u << "080000";
-    QTest::newRow("one digit") << 0xAu << "0A0000";
-}
-
-void tst_DrinkPage::htmlColorDigits()
-{
-    QFETCH(quint32, value);
-    QFETCH(QString, html);
-    QCOMPARE(DrinkPage::htmlColorDigits(value), html);
-}
-
-void tst_DrinkPage::colorsWrittenBack()
-{
-    modCorvane::State &s = modCorvane::state();
-    s.schemeTextColor = modCorvane::SysWindowText;
-    s.schemeAccentColor = modCorvane::SysButtonShadow;
-    s.missingIngColor = 0x80000005;
-    QCOMPARE(page(5, QStringLiteral("!#!#AccentColor!#!#<!-StartIng>!#!#IngColor!#!#;<!-EndIng>")),
-             QStringLiteral("A0A0A0<!-StartIng>000000;FFFFFF;"));
-    QCOMPARE(s.schemeTextColor, 0u);
-    QCOMPARE(s.schemeAccentColor, 0xA0A0A0u);
-    QCOMPARE(s.missingIngColor, 0xFFFFFFu);
-
-    s.schemeBackgroundColor = modCorvane::SysButtonFace;
-    QCOMPARE(m_facade->drinkAsHTML(0), QStringLiteral("<html><head><body bgcolor=\"#F0F0F0\">&nbsp</body></html>"));
-    QCOMPARE(s.schemeBackgroundColor, 0xF0F0F0u);
-}
-
-void tst_DrinkPage::specialPages_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<QString>("tmpl");
-    QTest::addColumn<QString>("expected");
-    const QString blank = QStringLiteral("<html><head><body bgcolor=\"#D0E0F0\">&nbsp</body></html>");
-    QTest::newRow("no selection") << 0 << "!#!#Name!#!#" << blank;
-    QTest::newRow("unknown drink") << 404 << "!#!#Name!#!#" << blank;
-    QTest::newRow("negative id") << -1 << "!#!#Name!#!#" << blank;
-    QTest::newRow("unknown drink, no template") << 404 << "" << blank;
-    QTest::newRow("no template")
-        << 6 << ""
-        << "<html><body bgcolor=\"#D0E0F0\"><h1 align=\"CENTER\"><font face=\"Arial, Helvetica, "
-           "sans-serif\">A <b> & B</font></h1>Please select a template (Tools | "
-           "Templates)</body></html>";
-}
-
-void tst_DrinkPage::specialPages()
-{
-    QFETCH(int, id);
-    QFETCH(QString, tmpl);
-    QFETCH(QString, expected);
-    QCOMPARE(page(id, tmpl), expected);
-    // Neither page has a glass picture, so the turn does not move.
-    QVERIFY(m_facade->nextGlassIsA);
-    QVERIFY(!QFile::exists(m_ts->appDir() + QStringLiteral("/glassb.bmp")));
-}
-
-void tst_DrinkPage::glassFilesInTurns()
-{
-    const QString a = m_ts->appDir() + QStringLiteral("/glassa.bmp"),
-                  b = m_ts->appDir() + QStringLiteral("/glassb.bmp");
-    QFile stale(a);
-    QVERIFY(stale.open(QIODevice::WriteOnly));
-    stale.close();
-
-    // The picture is written whether or not the template shows it.
-    QCOMPARE(page(5, QStringLiteral("no glass here")), QStringLiteral("no glass here"));
-    QVERIFY(!QFile::exists(a));
-    QCOMPARE(QImage(b).pixel(3, 3), glassColor(1));
-
-    QCOMPARE(m_facade->drinkAsHTML(5), QStringLiteral("no glass here"));
-    QVERIFY(!QFile::exists(b));
-    QCOMPARE(QImage(a).pixel(3, 3), glassColor(1));
-
-    // No picture for glass 3: the page keeps its path, and no older glass stands in.
-    QFile::copy(a, b);
-    QCOMPARE(page(9, QStringLiteral("!#!#GlassImagePath!#!#")), b);
-    QVERIFY(!QFile::exists(a));
-    QVERIFY(!QFile::exists(b));
-}
-
-void tst_DrinkPage::glassNumber_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<int>("picture");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("glass 1") << 5 << 1 << "Coupe";
-    QTest::newRow("Null") << 6 << 24 << "Other Glass";
-    QTest::newRow("0") << 7 << 24 << "Other Glass";
-    QTest::newRow("25") << 8 << 24 << "Other Glass";
-}
-
-void tst_DrinkPage::glassNumber()
-{
-    QFETCH(int, id);
-    QFETCH(int, picture);
-    QFETCH(QString, name);
-    QCOMPARE(page(id, QStringLiteral("!#!#Glassware!#!#")), name);
-    const QImage bitmap(m_ts->appDir() + QStringLiteral("/glassb.bmp"));
-    QVERIFY(!bitmap.hasAlphaChannel());
-    QCOMPARE(bitmap.size(), QSize(4, 4));
-    QCOMPARE(bitmap.pixel(3, 0), glassColor(picture));
-    QCOMPARE(bitmap.pixel(0, 0), qRgb(255, 255, 255)); // transparency lies on white
-}
-
-void tst_DrinkPage::drinkImage_data()
-{
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("extracted");
-    QTest::newRow("six digits from the archive") << "000123"
-                                                 << "<app>/000123.jpg"
-                                                 << "000123.jpg";
-    QTest::newRow("five digits are a path") << "12345"
-                                            << "12345"
-                                            << "";
-    QTest::newRow("six characters with a letter") << "12a456"
-                                                  << "12a456"
-                                                  << "";
-    QTest::newRow("a full path, unchecked") << "/srv/pictures/sour.jpg"
-                                            << "/srv/pictures/sour.jpg"
-                                            << "";
-    QTest::newRow("member missing") << "000999"
-                                    << "<app>/spacer.gif"
-                                    << "";
-    QTest::newRow("no picture") << ""
-                                << "<app>/spacer.gif"
-                                << "";
-}
-
-void tst_DrinkPage::drinkImage()
-{
-    QFETCH(QString, value);
-    QFETCH(QString, path);
-    QFETCH(QString, extracted);
-    setImage(5, value);
-    QCOMPARE(page(5, QStringLiteral("<img src=\"!#!#drinkimagepath!#!#\">")), app("<img src=\"" + path + "\">"));
-    QCOMPARE(QFile::exists(m_ts->appDir() + QStringLiteral("/12345.jpg")), false);
-    if (!extracted.isEmpty())
-        QCOMPARE(readAll(m_ts->appDir() + u'/' + extracted), "picture " + extracted.toLatin1());
-}
-
-void tst_DrinkPage::drinkImageOnlyWhenAsked()
-{
-    const QString picture = m_ts->appDir() + QStringLiteral("/000123.jpg");
-    QCOMPARE(page(5, QStringLiteral("!#!#Name!#!#")), QStringLiteral("Daiquiri"));
-    QVERIFY(!QFile::exists(picture));
-
-    QVERIFY(QFile::remove(m_ts->appDir() + QStringLiteral("/Corvane.cvi")));
-    QCOMPARE(page(5, QStringLiteral("!#!#DrinkImagePath!#!#")), app(QStringLiteral("<app>/spacer.gif")));
-    QVERIFY(!QFile::exists(picture));
-}
-
-void tst_DrinkPage::pageFile()
-{
-    const QString path = m_ts->appDir() + QStringLiteral("/corvane.cvk");
-    QFile old(path);
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("a longer page that was here before");
-    old.close();
-
-    QString error;
-    QCOMPARE(PageFiles::writePageFile(m_ts->appDir(), QString::fromUtf8("<p>Café € 1\r\n2</p>"), &error), path);
-    QCOMPARE(readAll(path), QByteArray("<p>Caf\xe9 \x80 1\r\n2</p>\r\n"));
-    QVERIFY(error.isEmpty());
-
-    QCOMPARE(PageFiles::writePageFile(m_ts->appDir() + QStringLiteral("/no/such/dir"), QStringLiteral("x"), &error),
-             QString());
-    QVERIFY(error.contains(QStringLiteral("corvane.cvk")));
-}
-
-void tst_DrinkPage::glassPicturePath_data()
-{
-    QTest::addColumn<int>("glass");
-    QTest::addColumn<bool>("archive");
-    QTest::addColumn<QString>("path");
-    QTest::newRow("one digit padded") << 7 << true << "<app>/07.gif";
-    QTest::newRow("two digits") << 12 << true << "<app>/12.gif";
-    QTest::newRow("three digits") << 123 << true << "<app>/123.gif";
-    QTest::newRow("member missing") << 5 << true << "<app>/spacer.gif";
-    QTest::newRow("archive missing") << 7 << false << "<app>/spacer.gif";
-}
-
-void tst_DrinkPage::glassPicturePath()
-{
-    QFETCH(int, glass);
-    QFETCH(bool, archive);
-    QFETCH(QString, path);
-    if (archive)
-        QVERIFY(writeArchive(m_ts->appDir() + QStringLiteral("/corvane.glw"),
-                             QString::fromLatin1(ArchivePasswords::GlassArchive),
-                             {QStringLiteral("07.gif"), QStringLiteral("12.gif"), QStringLiteral("123.gif")}));
-    QCOMPARE(PageFiles::GlassPicturePath(m_ts->appDir(), glass), app(path));
-    if (!path.endsWith(QStringLiteral("spacer.gif")))
-        QVERIFY(readAll(app(path)).startsWith("picture "));
 }
 
 QTEST_GUILESS_MAIN(tst_DrinkPage)

