@@ -2,6 +2,7 @@
 
 #include "search/SearchSql.h"
 #include "store/DrinkStore.h"
+#include "store/NameFold.h"
 
 #include <QHash>
 #include <QSqlQuery>
@@ -162,7 +163,8 @@ bool VerifyDrink(const QStringList &lstIng, const QStringList &ingredients)
             case u'<':
                 return rest.compare(name, Qt::CaseSensitive) < 0;
             case u'!':
-                return name.contains(rest, Qt::CaseInsensitive);
+                // As the query's LIKE found it: without case or accents.
+                return NameFold::folded(name).contains(NameFold::folded(rest));
             default:
                 return false;
             }

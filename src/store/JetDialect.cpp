@@ -1,5 +1,7 @@
 #include "store/JetDialect.h"
 
+#include "store/NameFold.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -11,7 +13,14 @@ constexpr QChar kMark(0xE000);
 
 QString markerFor(qsizetype index) { return kMark + QString::number(index) + kMark; }
 
-// Splits off every literal; returns the statement with markers, and the SQLite form of each literal.
+QString sqliteLiteral(QString body)
+{
+    return u'\'' + body.replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+// Splits off every literal; returns the statement with markers, and the text of each literal.
+// A user's " reaches here doubled, as the old engine wrote it inside a "literal", and leaves
+// as one character of a 'literal' in which a ' is doubled: the text stays one value.
 QString maskLiterals(const QString &sql, QStringList &literals)
 {
     QString out;
@@ -45,9 +54,8 @@ QString maskLiterals(const QString &sql, QStringList &literals)
             out += sql.mid(i);
             break;
         }
-        body.replace(u'\'', QStringLiteral("''"));
         out += markerFor(literals.size());
-        literals << (u'\'' + body + u'\'');
+        literals << body;
         i = j;
     }
     return out;
@@ -56,7 +64,7 @@ QString maskLiterals(const QString &sql, QStringList &literals)
 QString unmaskLiterals(QString sql, const QStringList &literals)
 {
     for (qsizetype n = literals.size() - 1; n >= 0; --n)
-        sql.replace(markerFor(n), literals[n]);
+        sql.replace(markerFor(n), sqliteLiteral(literals[n]));
     return sql;
 }
 
@@ -93,6 +101,63 @@ QString unqualifySetTargets(const QString &sql)
     return m.captured(1) + assignments + m.captured(3);
 }
 
+// The text before the trailing stars of a pattern that is nothing but a beginning ("Blue L*"),
+// or nothing.
+QString prefixOf(const QString &pattern)
+{
+    qsizetype end = pattern.size();
+    while (end > 0 && pattern[end - 1] == u'*')
+        --end;
+    if (end == 0 || end == pattern.size())
+        return {};
+    const QStringView text = QStringView(pattern).first(end);
+    for (const QChar c : text)
+        if (c == u'*' || c == u'?' || c == u'#' || c == u'[')
+            return {};
+    return text.toString();
+}
+
+// "col LIKE 'text*'" also bounds col to the names that fold to text and a little more, in the
+// order of names: the engine then reads that range of an index on col instead of every row,
+// and like() still decides. The bounds are the folded text and the same text followed by the
+// last code point, which sorts after every letter that could follow it.
+QString boundPrefixPatterns(const QString &sql, const QStringList &literals)
+{
+    static const QRegularExpression like(QStringLiteral("((?:\\b\\w+\\.)?\\b\\w+)\\s+LIKE\\s+") + kMark +
+                                             QStringLiteral("(\\d+)") + kMark,
+                                         QRegularExpression::CaseInsensitiveOption);
+    QString out;
+    qsizetype from = 0;
+    for (auto it = like.globalMatch(sql); it.hasNext();) {
+        const auto m = it.next();
+        const QString column = m.captured(1);
+        const QString prefix = prefixOf(literals.value(m.captured(2).toInt()));
+        if (prefix.isEmpty() || column.compare(QLatin1String("NOT"), Qt::CaseInsensitive) == 0)
+            continue;
+        static const char32_t last = 0x10FFFF;
+        static const QString kLastCodePoint = QString::fromUcs4(&last, 1);
+        const QString low = NameFold::folded(prefix);
+        const QString collate = QStringLiteral(" COLLATE ") + QLatin1String(NameFold::kCollation);
+        out += QStringView(sql).sliced(from, m.capturedStart() - from);
+        out += u'(' + column + QStringLiteral(" >= ") + sqliteLiteral(low) + collate + QStringLiteral(" AND ") +
+               column + QStringLiteral(" < ") + sqliteLiteral(low + kLastCodePoint) + collate +
+               QStringLiteral(" AND ") + m.captured() + u')';
+        from = m.capturedEnd();
+    }
+    out += QStringView(sql).sliced(from);
+    return out;
+}
+
+// Drinks keep their categories in DrinkTypeRel; "C.DrinkType = n" finds the drinks of
+// category n there.
+QString categoryThroughRelation(const QString &sql)
+{
+    static const QRegularExpression drinkType = rx(R"(\b(\w+)\.DrinkType\s*=\s*(-?\d+))");
+    QString out = sql;
+    out.replace(drinkType, QStringLiteral("\\1.ID IN (SELECT DrinkID FROM DrinkTypeRel WHERE DrinkTypeID = \\2)"));
+    return out;
+}
+
 } // namespace
 
 QString jetToSqlite(const QString &jetSql)
@@ -112,6 +177,13 @@ QString jetToSqlite(const QString &jetSql)
     // Boolean words, but not a column that happens to be qualified (X.No) or a function call.
     sql.replace(trueWord, QStringLiteral("1"));
     sql.replace(falseWord, QStringLiteral("0"));
+    sql = categoryThroughRelation(sql);
+    sql = boundPrefixPatterns(sql, literals);
 
     return unmaskLiterals(sql, literals);
+}
+
+QString jetLiteralText(const QString &text)
+{
+    return QString(text).replace(u'"', QStringLiteral("\"\""));
 }

@@ -12,3 +12,7 @@
 //  - the columns assigned in an UPDATE's SET lose their table qualifier.
 // Text inside literals is never touched, so LIKE patterns reach the engine's like() as typed.
 QString jetToSqlite(const QString &jetSql);
+
+// A user's text as it stands inside a "double-quoted" literal of the old dialect: each " in it
+// is written twice, so the text stays one value whatever it holds. jetToSqlite reads it back.
+QString jetLiteralText(const QString &text);

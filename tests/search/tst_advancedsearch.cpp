@@ -120,7 +120,9 @@ void tst_AdvancedSearch::results_data()
     QTest::newRow("AND binds tighter than OR")
         << criteria({{"Name", kContains, "tonic", "Or"}, {"Price", kGt, "4", "And"}, {"Marked", kEq, "True", ""}})
         << QList<int>{1, 4, 5};
-    QTest::newRow("category reads Drinks.DrinkType") << criteria({{"Category", kEq, "1", ""}}) << QList<int>{1};
+    QTest::newRow("category through DrinkTypeRel")
+        << criteria({{"Category", kEq, "1", "And"}, {"Ingredient", kContains, "tonic", ""}}) << QList<int>{1, 5};
+    QTest::newRow("price not a number matches nothing") << criteria({{"Price", kLt, "3 OR 1=1", ""}}) << QList<int>{};
     QTest::newRow("no text finds every name")
         << criteria({{"Name", kContains, "", ""}}) << QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 9};
     QTest::newRow("name greater, case-blind")

@@ -2,6 +2,7 @@
 // word, and the drinks the simple searches bring back.
 #include "SearchBook.h"
 #include "TestStore.h"
+#include "presentation/ListSql.h"
 #include "search/SearchSql.h"
 
 #include <QtTest>
@@ -15,6 +16,8 @@ class tst_SearchSql : public QObject {
     void fragments();
     void results_data();
     void results();
+    void typedText_data();
+    void typedText();
 };
 
 void tst_SearchSql::statements_data()
@@ -34,7 +37,7 @@ void tst_SearchSql::statements_data()
                                      "D.ID = R.DrinkID AND R.IngID = I.ID AND I.Ingredient LIKE \"*lime*\"";
     QTest::newRow("303, quote and wildcards as typed")
         << 303 << "a\"?#[x]" << false
-        << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Description LIKE \"a\"?#[x]*\"";
+        << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Description LIKE \"a\"\"?#[x]*\"";
     QTest::newRow("304") << 304 << "3" << false
                          << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.GlassType = 3";
     QTest::newRow("305") << 305 << "0" << false
@@ -116,9 +119,9 @@ void tst_SearchSql::fragments_data()
     QTest::newRow("Price =") << "Price" << kEq << "3.50"
                              << "(C.Price = 3.50)"
                              << "3.50";
-    QTest::newRow("Price > unchecked") << "Price" << kGt << "abc"
-                                       << "(C.Price > abc)"
-                                       << "abc";
+    QTest::newRow("Price not a number matches nothing") << "Price" << kGt << "abc"
+                                       << "(C.Price > Null)"
+                                       << "Null";
     QTest::newRow("Cost <") << "Cost" << kLt << "1"
                             << "(C.Cost < 1)"
                             << "1";
@@ -165,6 +168,49 @@ void tst_SearchSql::results()
     const bool text = kind <= SearchKind::ByRecipe;
     book.store().execute(SimpleSearchSQL(kind, text ? SimpleSearchPattern(value, matchAll) : value));
     QCOMPARE(searchResults(book.store()), ids);
+}
+
+// Whatever is typed is searched for as it stands, by every search that takes text: the simple
+// search by name (anywhere, first letters), the advanced "Contains the word(s)" and the quick
+// search. The old pattern characters keep their meaning; nothing else does.
+void tst_SearchSql::typedText_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QList<int>>("anywhere");
+    QTest::addColumn<QList<int>>("fromStart");
+    QTest::newRow("double quote") << "\"" << QList<int>{1} << QList<int>{};
+    QTest::newRow("double quotes in words") << "The \"Big\"" << QList<int>{1} << QList<int>{1};
+    QTest::newRow("apostrophe") << "Planter's" << QList<int>{2} << QList<int>{2};
+    QTest::newRow("percent") << "0%" << QList<int>{3} << QList<int>{};
+    QTest::newRow("underscore") << "a_b" << QList<int>{4} << QList<int>{4};
+    QTest::newRow("emoji") << "🍹" << QList<int>{5} << QList<int>{};
+    QTest::newRow("accent and case fold") << "CREME" << QList<int>{6} << QList<int>{6};
+    QTest::newRow("unclosed bracket") << "[Bracket" << QList<int>{7} << QList<int>{7};
+    QTest::newRow("set keeps its meaning") << "[bB]ig" << QList<int>{1, 8} << QList<int>{8};
+}
+
+void tst_SearchSql::typedText()
+{
+    QFETCH(QString, typed);
+    QFETCH(QList<int>, anywhere);
+    QFETCH(QList<int>, fromStart);
+    TestStore book(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (1, 'The \"Big\" Easy'), "
+                                  "(2, 'Planter''s Punch'), (3, '100% Agave'), (4, 'a_b Sour'), (5, 'Tiki 🍹 Bowl'), "
+                                  "(6, 'Crème de Menthe'), (7, '[Bracket] Fizz'), (8, 'Bigger'), (9, 'axb Sour');"));
+    DrinkStore &db = book.store();
+    const auto run = [&](const QString &sql) {
+        db.execute(kDeleteSearchResults);
+        db.execute(sql);
+        return searchResults(db);
+    };
+    QCOMPARE(run(SimpleSearchSQL(SearchKind::ByName, SimpleSearchPattern(typed, true))), anywhere);
+    QCOMPARE(run(SimpleSearchSQL(SearchKind::ByName, SimpleSearchPattern(typed, false))), fromStart);
+    QCOMPARE(run(ComposeAdvancedSearch(criteria({{"Name", kContains, typed, ""}})).sql), anywhere);
+    QList<int> quick;
+    for (QSqlQuery q = db.select(QuickSearchSQL(typed, false)); q.next();)
+        quick << q.value(0).toInt();
+    std::sort(quick.begin(), quick.end());
+    QCOMPARE(quick, fromStart);
 }
 
 QTEST_GUILESS_MAIN(tst_SearchSql)
