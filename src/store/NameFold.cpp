@@ -120,8 +120,13 @@ QString folded(QStringView text)
             c = QChar::surrogateToUcs4(text[i], text[i + 1]);
             ++i;
         }
-        if (const char32_t f = fold(c))
-            out += QString::fromUcs4(&f, 1);
+        const char32_t f = fold(c);
+        if (f >= 0x10000) {
+            out += QChar(QChar::highSurrogate(f));
+            out += QChar(QChar::lowSurrogate(f));
+        } else if (f) {
+            out += QChar(char16_t(f));
+        }
     }
     return out;
 }

@@ -171,7 +171,9 @@ void tst_JetSql::nameOrder()
 {
     TestStore ts(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (1, 'Pisco Sour'), (2, 'Piña Colada'), "
                                 "(3, 'Jungle Bird'), (4, 'Jägerbomb'), (5, 'Éclair Fizz'), (6, 'Zombie'), "
-                                "(7, 'Creme Soda'), (8, 'CRÈME Brûlée'), (9, 'crème de cassis'), (10, 'eclair');"));
+                                "(7, 'Creme Soda'), (8, 'CRÈME Brûlée'), (9, 'crème de cassis'), (10, 'eclair');"
+                                "INSERT INTO Ingredients (id, Ingredient) VALUES (1, 'Zubrówka'), (2, 'Ängelica'), "
+                                "(3, 'Amaretto');"));
     DrinkStore &db = ts.store();
     const auto names = [&](const QString &sql) {
         QStringList out;
@@ -184,6 +186,8 @@ void tst_JetSql::nameOrder()
     QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks ORDER BY Name")),
              (QStringList{"CRÈME Brûlée", "crème de cassis", "Creme Soda", "eclair", "Éclair Fizz", "Jägerbomb",
                           "Jungle Bird", "Piña Colada", "Pisco Sour", "Zombie"}));
+    QCOMPARE(names(QStringLiteral("SELECT Ingredient FROM Ingredients ORDER BY Ingredient")),
+             (QStringList{"Amaretto", "Ängelica", "Zubrówka"}));
     // The letter tab E, as the list asks for it.
     QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks WHERE Name >= 'E' AND Name < 'F' ORDER BY Name")),
              (QStringList{"eclair", "Éclair Fizz"}));
