@@ -61,7 +61,7 @@ void foldUtf8(const unsigned char *s, int n, std::u32string &out)
 
 } // namespace
 
-std::optional<JetLikePattern> JetLikePattern::compile(QStringView pattern)
+JetLikePattern JetLikePattern::compile(QStringView pattern)
 {
     JetLikePattern p;
     std::u32string cps;
@@ -236,15 +236,14 @@ bool JetLikePattern::matchesUtf8(const char *text, int bytes) const
 
 bool jetLike(QStringView pattern, QStringView text)
 {
-    const auto p = JetLikePattern::compile(pattern);
-    return p && p->matches(text);
+    return JetLikePattern::compile(pattern).matches(text);
 }
 
 namespace {
 
 void destroyPattern(void *p) { delete static_cast<JetLikePattern *>(p); }
 
-std::optional<JetLikePattern> compileArg(sqlite3_value *v)
+JetLikePattern compileArg(sqlite3_value *v)
 {
     const auto *data = static_cast<const char16_t *>(sqlite3_value_text16(v));
     return JetLikePattern::compile(QStringView(data, sqlite3_value_bytes16(v) / 2));
@@ -260,15 +259,11 @@ void likeFunction(sqlite3_context *ctx, int argc, sqlite3_value **argv)
         return;
     }
     auto *compiled = static_cast<JetLikePattern *>(sqlite3_get_auxdata(ctx, 0));
-    std::optional<JetLikePattern> local;
+    JetLikePattern local;
     if (!compiled) {
         local = compileArg(argv[0]);
-        if (!local) {
-            sqlite3_result_error(ctx, "Invalid pattern string", -1);
-            return;
-        }
-        sqlite3_set_auxdata(ctx, 0, new JetLikePattern(*local), destroyPattern);
-        compiled = &*local;
+        sqlite3_set_auxdata(ctx, 0, new JetLikePattern(local), destroyPattern);
+        compiled = &local;
     }
     const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(argv[1]));
     sqlite3_result_int(ctx, compiled->matchesUtf8(text, sqlite3_value_bytes(argv[1])) ? 1 : 0);

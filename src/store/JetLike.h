@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QStringView>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,8 +13,8 @@ struct sqlite3;
 // compare as names do, without case or accents.
 class JetLikePattern {
 public:
-    // Every text is a pattern; the optional is kept for callers that test it.
-    static std::optional<JetLikePattern> compile(QStringView pattern);
+    // Every text is a pattern.
+    static JetLikePattern compile(QStringView pattern);
     bool matches(QStringView text) const;
     // The engine hands text over as UTF-8; matching it there spares a conversion per row.
     bool matchesUtf8(const char *text, int bytes) const;
