@@ -62,20 +62,21 @@ inline char32_t decode(const unsigned char *s, int n, int &i)
     return cp;
 }
 
-// The next folded letter of s from i, skipping accents that drop out; 0 at the end.
-inline char32_t nextFolded(const unsigned char *s, int n, int &i)
+// The next folded letter of s from i, skipping accents that drop out; -1 at the end, which
+// sorts a name before every longer one.
+inline qint64 nextFolded(const unsigned char *s, int n, int &i)
 {
     while (i < n) {
         const unsigned char b = s[i];
         if (b < 0x80) {
             ++i;
-            return b >= 'A' && b <= 'Z' ? b + 32 : b ? b : 0xFFFFFFFF; // keeps a NUL byte a letter
+            return b >= 'A' && b <= 'Z' ? b + 32 : b;
         }
         const char32_t f = fold(decode(s, n, i));
         if (f)
             return f;
     }
-    return 0;
+    return -1;
 }
 
 // Between names that fold alike: at the first letter that differs the plain one comes first,
@@ -145,11 +146,11 @@ int compare(const unsigned char *a, int na, const unsigned char *b, int nb)
             ++j;
             continue;
         }
-        const char32_t x = nextFolded(a, na, i);
-        const char32_t y = nextFolded(b, nb, j);
+        const qint64 x = nextFolded(a, na, i);
+        const qint64 y = nextFolded(b, nb, j);
         if (x != y)
             return x < y ? -1 : 1;
-        if (!x)
+        if (x < 0)
             return compareAccents(a, na, b, nb);
     }
 }
