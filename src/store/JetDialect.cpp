@@ -61,11 +61,21 @@ QString maskLiterals(const QString &sql, QStringList &literals)
     return out;
 }
 
-QString unmaskLiterals(QString sql, const QStringList &literals)
+// One pass, so that a literal that happens to hold a marker's characters stays as it is.
+QString unmaskLiterals(const QString &sql, const QStringList &literals)
 {
-    for (qsizetype n = literals.size() - 1; n >= 0; --n)
-        sql.replace(markerFor(n), sqliteLiteral(literals[n]));
-    return sql;
+    QString out;
+    out.reserve(sql.size());
+    for (qsizetype i = 0; i < sql.size();) {
+        const qsizetype end = sql[i] == kMark ? sql.indexOf(kMark, i + 1) : -1;
+        if (end < 0) {
+            out += sql[i++];
+            continue;
+        }
+        out += sqliteLiteral(literals.value(QStringView(sql).sliced(i + 1, end - i - 1).toInt()));
+        i = end + 1;
+    }
+    return out;
 }
 
 QRegularExpression rx(const char *pattern)
@@ -121,7 +131,7 @@ QString prefixOf(const QString &pattern)
 // order of names: the engine then reads that range of an index on col instead of every row,
 // and like() still decides. The bounds are the folded text and the same text followed by the
 // last code point, which sorts after every letter that could follow it.
-QString boundPrefixPatterns(const QString &sql, const QStringList &literals)
+QString boundPrefixPatterns(const QString &sql, QStringList &literals)
 {
     static const QRegularExpression like(QStringLiteral("((?:\\b\\w+\\.)?\\b\\w+)\\s+LIKE\\s+") + kMark +
                                              QStringLiteral("(\\d+)") + kMark,
@@ -139,8 +149,10 @@ QString boundPrefixPatterns(const QString &sql, const QStringList &literals)
         const QString low = NameFold::folded(prefix);
         const QString collate = QStringLiteral(" COLLATE ") + QLatin1String(NameFold::kCollation);
         out += QStringView(sql).sliced(from, m.capturedStart() - from);
-        out += u'(' + column + QStringLiteral(" >= ") + sqliteLiteral(low) + collate + QStringLiteral(" AND ") +
-               column + QStringLiteral(" < ") + sqliteLiteral(low + kLastCodePoint) + collate +
+        // The bounds join the literals, which alone may hold a user's text.
+        literals << low << low + kLastCodePoint;
+        out += u'(' + column + QStringLiteral(" >= ") + markerFor(literals.size() - 2) + collate +
+               QStringLiteral(" AND ") + column + QStringLiteral(" < ") + markerFor(literals.size() - 1) + collate +
                QStringLiteral(" AND ") + m.captured() + u')';
         from = m.capturedEnd();
     }

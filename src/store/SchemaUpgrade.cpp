@@ -65,6 +65,16 @@ void upgrade(DrinkStore &store)
         return;
     // The saved queries name the tables being made anew; they are left as they stand.
     run(store, QStringLiteral("PRAGMA legacy_alter_table = ON"));
+    struct Restore {
+        DrinkStore &store;
+        ~Restore()
+        {
+            try {
+                run(store, QStringLiteral("PRAGMA legacy_alter_table = OFF"));
+            } catch (...) {
+            }
+        }
+    } restore{store};
     {
         ScopedTransaction tx(store);
         static const char *const names[][2] = {{"Drinks", "Name"},        {"Ingredients", "Ingredient"},
@@ -75,7 +85,6 @@ void upgrade(DrinkStore &store)
         run(store, QStringLiteral("PRAGMA user_version = %1").arg(kCurrentVersion));
         tx.commit();
     }
-    run(store, QStringLiteral("PRAGMA legacy_alter_table = OFF"));
 }
 
 } // namespace SchemaUpgrade

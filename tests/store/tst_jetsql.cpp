@@ -58,6 +58,8 @@ void tst_JetSql::dialect_data()
         << "DELETE FROM DrinkTypeRel WHERE rowid IN (SELECT DrinkTypeRel.rowid FROM DrinkTypeRel, Drinks WHERE "
            "DrinkTypeRel.DrinkID = Drinks.ID AND Drinks.Marked = 1 AND DrinkTypeRel.DrinkTypeID = 5)";
     QTest::newRow("unclosed literal left for the engine") << "WHERE Name = \"abc" << "WHERE Name = \"abc";
+    QTest::newRow("marker characters in a literal") << QStringLiteral(u"WHERE Name = 'x' OR Name = \"\uE0000\uE000\"")
+                                                    << QStringLiteral(u"WHERE Name = 'x' OR Name = '\uE0000\uE000'");
     QTest::newRow("category through its relation")
         << "WHERE (C.DrinkType = 12) AND (C.DrinkTypeID = 3)"
         << "WHERE (C.ID IN (SELECT DrinkID FROM DrinkTypeRel WHERE DrinkTypeID = 12)) AND (C.DrinkTypeID = 3)";
