@@ -97,9 +97,8 @@ const QString kRowCost = QStringLiteral(
     "comes as a QVariant and every name becomes a QString of its own; the shell prints the engine's bytes as "
     "they lie");
 const QString kLikeCost = QStringLiteral(
-    "like() is the program's own function (the old engine's patterns), and SQLite narrows LIKE to a range of the "
-    "Name index only for its built-in one: every name of the table is read and matched, where the shell reads "
-    "just the names that begin with the text");
+    "like() is the program's own function (the old engine's patterns): the engine reads the range of the name "
+    "index that the typed letters bound, as in the shell, and hands each name of it to like() as well");
 
 void addList(Bench::Registry &registry, const Bench::Store &store, const char *id, const QString &label,
              const QString &jetSql, Bench::Floor floor)
@@ -141,7 +140,7 @@ void listCases(Bench::Registry &registry, const Bench::Store &store, DrinkStore 
             QString pattern = m.captured(1);
             pattern.replace(u'*', u'%').replace(u'?', u'_');
             shellSql.replace(m.capturedStart(1), m.capturedLength(1), pattern);
-            floor.note = QStringLiteral("the shell's built-in LIKE '%1'").arg(pattern);
+            floor.note = QStringLiteral("the shell's built-in LIKE '%1', beside the same bounds on the name").arg(pattern);
         }
         floor.statements = {shellSql};
         floor.reason = kLikeCost;

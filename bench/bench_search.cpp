@@ -57,7 +57,7 @@ void simpleSearchCase(Bench::Registry &registry, const Bench::Store &copy)
                      .arg(patterns.join(QStringLiteral(", ")));
     floor.reason = QStringLiteral(
         "like() is the program's own function (the old engine's patterns): every one of the names is handed to it "
-        "and folded for the comparison, where the shell's built-in LIKE compares the bytes as they lie");
+        "and compared without case or accents, where the shell's built-in LIKE folds ASCII letters only");
 
     registry.add(
         "search-dialog.name", QStringLiteral("Search by Name \"*gin*\": empty and fill SearchResults"), copy,

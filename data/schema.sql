@@ -1,10 +1,15 @@
 -- The drink store. Every text column compares without case, as the recipe book always has.
+-- The names the lists show (drinks, ingredients, glasses, categories, ingredient types) follow
+-- NAMEFOLD, the program's own order of names: without case or accents, so "Éclair" files
+-- under E. The sqlite3 shell reads every row; to compare or sort those columns there, add
+-- COLLATE NOCASE or load the collation (see README).
 -- Currency columns hold decimal values (3.5 means $3.50); Yes/No columns hold 1 and 0.
-PRAGMA user_version = 1;
+-- Version 2: the name columns follow NAMEFOLD (a store of version 1 is moved on open).
+PRAGMA user_version = 2;
 
 CREATE TABLE Drinks (
   id            INTEGER PRIMARY KEY,
-  Name          TEXT COLLATE NOCASE,
+  Name          TEXT COLLATE NAMEFOLD,
   GlassType     INTEGER,
   Description   TEXT COLLATE NOCASE,
   Comments      TEXT COLLATE NOCASE,
@@ -38,7 +43,7 @@ CREATE INDEX DrinkRelIngID ON DrinkRel (IngID);
 
 CREATE TABLE Ingredients (
   id         INTEGER PRIMARY KEY,
-  Ingredient TEXT COLLATE NOCASE,
+  Ingredient TEXT COLLATE NAMEFOLD,
   UnitType   TEXT COLLATE NOCASE,
   ozperunit  REAL,
   unitprice  NUMERIC,
@@ -51,7 +56,7 @@ CREATE INDEX Ingredient ON Ingredients (Ingredient);
 
 CREATE TABLE IngTypes (
   IngTypeID INTEGER PRIMARY KEY,
-  IngType   TEXT COLLATE NOCASE
+  IngType   TEXT COLLATE NAMEFOLD
 );
 
 CREATE TABLE IngSubTypes (
@@ -62,7 +67,7 @@ CREATE TABLE IngSubTypes (
 
 CREATE TABLE DrinkTypes (
   TypeID INTEGER PRIMARY KEY,
-  Type   TEXT COLLATE NOCASE
+  Type   TEXT COLLATE NAMEFOLD
 );
 CREATE INDEX Type ON DrinkTypes (Type);
 
@@ -75,7 +80,7 @@ CREATE INDEX DrinkTypeRelTypeID ON DrinkTypeRel (DrinkTypeID);
 
 CREATE TABLE Glassware (
   GlassID INTEGER PRIMARY KEY,
-  Name    TEXT COLLATE NOCASE,
+  Name    TEXT COLLATE NAMEFOLD,
   Notes   TEXT COLLATE NOCASE
 );
 
@@ -154,7 +159,7 @@ CREATE INDEX PrintLayoutName ON PrintLayout (Name);
 
 CREATE TABLE SearchResults (
   ID   INTEGER,
-  Name TEXT COLLATE NOCASE
+  Name TEXT COLLATE NAMEFOLD
 );
 CREATE INDEX SearchResultsID ON SearchResults (ID);
 CREATE INDEX SearchResultsName ON SearchResults (Name);

@@ -1,5 +1,7 @@
 #include "presentation/ListSql.h"
 
+#include "store/JetDialect.h"
+
 namespace {
 
 QString letter(int code) { return QString(QChar(code)); }
@@ -85,6 +87,6 @@ QString QuickSearchSQL(const QString &text, bool inSearch)
     const QString table = inSearch ? QStringLiteral("SearchResults") : QStringLiteral("Drinks");
     if (text.isEmpty())
         return QStringLiteral("SELECT ID, Name FROM ") + table + QStringLiteral(" ORDER BY Name");
-    return QStringLiteral("SELECT ID, Name FROM ") + table + QStringLiteral(" WHERE Name LIKE \"") + text +
+    return QStringLiteral("SELECT ID, Name FROM ") + table + QStringLiteral(" WHERE Name LIKE \"") + jetLiteralText(text) +
            QStringLiteral("*\" ORDER BY Name");
 }

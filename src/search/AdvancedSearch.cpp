@@ -2,6 +2,7 @@
 
 #include "search/SearchSql.h"
 #include "store/DrinkStore.h"
+#include "store/NameFold.h"
 
 #include <QHash>
 #include <QSqlQuery>
@@ -149,10 +150,21 @@ bool VerifyDrink(const QStringList &lstIng, const QStringList &ingredients)
 {
     if (ingredients.isEmpty())
         return false;
+    // "!" compares as the query's LIKE found the drink: without case or accents.
+    QStringList foldedNames;
+    const auto folded = [&](qsizetype i) -> const QString & {
+        if (foldedNames.isEmpty())
+            for (const QString &name : ingredients)
+                foldedNames << NameFold::folded(name);
+        return foldedNames.at(i);
+    };
     for (const QString &entry : lstIng) {
         const QChar code = entry.isEmpty() ? QChar() : entry.at(0);
         const QString rest = entry.mid(1).trimmed();
+        const QString foldedRest = code == u'!' ? NameFold::folded(rest) : QString();
+        qsizetype at = -1;
         const bool satisfied = std::any_of(ingredients.begin(), ingredients.end(), [&](const QString &name) {
+            ++at;
             // The typed value stands on the left: ">" keeps a drink with an ingredient below it.
             switch (code.unicode()) {
             case u'=':
@@ -162,7 +174,7 @@ bool VerifyDrink(const QStringList &lstIng, const QStringList &ingredients)
             case u'<':
                 return rest.compare(name, Qt::CaseSensitive) < 0;
             case u'!':
-                return name.contains(rest, Qt::CaseInsensitive);
+                return folded(at).contains(foldedRest);
             default:
                 return false;
             }

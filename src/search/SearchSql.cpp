@@ -1,6 +1,9 @@
 #include "search/SearchSql.h"
 
+#include "store/JetDialect.h"
+
 #include <QHash>
+#include <QRegularExpression>
 
 QString SimpleSearchPattern(const QString &text, bool matchAll)
 {
@@ -9,7 +12,9 @@ QString SimpleSearchPattern(const QString &text, bool matchAll)
 
 QString SimpleSearchSQL(int kind, const QString &patternOrValue)
 {
-    const QString &v = patternOrValue;
+    const QString v = kind == SearchKind::ByName || kind == SearchKind::ByIngredient || kind == SearchKind::ByRecipe
+                          ? jetLiteralText(patternOrValue)
+                          : patternOrValue;
     switch (kind) {
     case SearchKind::ByName:
         return kInsertSearchResults + QStringLiteral("SELECT Drinks.ID, Drinks.Name ") +
@@ -48,8 +53,9 @@ QString ComparisonOperator(const QString &comparison)
     return {};
 }
 
-QString QuotedSearchValue(const QString &op, const QString &value, const QString &comparison)
+QString QuotedSearchValue(const QString &op, const QString &typed, const QString &comparison)
 {
+    const QString value = jetLiteralText(typed);
     if (op != QLatin1String("LIKE"))
         return u'"' + value + u'"';
     if (comparison == QLatin1String("Starts With"))
@@ -57,6 +63,13 @@ QString QuotedSearchValue(const QString &op, const QString &value, const QString
     if (comparison == QLatin1String("Ends With"))
         return QStringLiteral("\"*") + value + u'"';
     return QStringLiteral("\"*") + value + QStringLiteral("*\"");
+}
+
+bool isSearchNumber(const QString &value)
+{
+    // A decimal number as the engine reads it; anything else would reach it as SQL.
+    static const QRegularExpression number(QStringLiteral(R"(^\s*[+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?\s*$)"));
+    return number.match(value).hasMatch();
 }
 
 QString GetSQLForField(const QString &field, const QString &op, QString &value, const QString &comparison)
@@ -78,5 +91,7 @@ QString GetSQLForField(const QString &field, const QString &op, QString &value, 
         return {};
     if (it->quoted)
         value = QuotedSearchValue(op, value, comparison);
+    else if (!isSearchNumber(value) && value != QLatin1String("True") && value != QLatin1String("False"))
+        value = QStringLiteral("Null"); // not a number: the criterion matches no drink
     return u'(' + QLatin1String(it->name) + op + u' ' + value + u')';
 }

@@ -2,6 +2,7 @@
 
 #include "store/EngineReader.h"
 #include "store/JetDialect.h"
+#include "store/SchemaUpgrade.h"
 #include "store/StoreFunctions.h"
 #include "store/StoreError.h"
 
@@ -47,6 +48,7 @@ DrinkStore::DrinkStore(const QString &path) : m_path(path)
         pragma.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
         pragma.exec(QStringLiteral("PRAGMA synchronous=NORMAL"));
         registerStoreFunctions(db);
+        SchemaUpgrade::upgrade(*this);
     } catch (const StoreError &e) {
         db.close();
         db = QSqlDatabase();

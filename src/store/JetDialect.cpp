@@ -1,5 +1,7 @@
 #include "store/JetDialect.h"
 
+#include "store/NameFold.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -11,7 +13,14 @@ constexpr QChar kMark(0xE000);
 
 QString markerFor(qsizetype index) { return kMark + QString::number(index) + kMark; }
 
-// Splits off every literal; returns the statement with markers, and the SQLite form of each literal.
+QString sqliteLiteral(QString body)
+{
+    return u'\'' + body.replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+// Splits off every literal; returns the statement with markers, and the text of each literal.
+// A user's " reaches here doubled, as the old engine wrote it inside a "literal", and leaves
+// as one character of a 'literal' in which a ' is doubled: the text stays one value.
 QString maskLiterals(const QString &sql, QStringList &literals)
 {
     QString out;
@@ -45,19 +54,28 @@ QString maskLiterals(const QString &sql, QStringList &literals)
             out += sql.mid(i);
             break;
         }
-        body.replace(u'\'', QStringLiteral("''"));
         out += markerFor(literals.size());
-        literals << (u'\'' + body + u'\'');
+        literals << body;
         i = j;
     }
     return out;
 }
 
-QString unmaskLiterals(QString sql, const QStringList &literals)
+// One pass, so that a literal that happens to hold a marker's characters stays as it is.
+QString unmaskLiterals(const QString &sql, const QStringList &literals)
 {
-    for (qsizetype n = literals.size() - 1; n >= 0; --n)
-        sql.replace(markerFor(n), literals[n]);
-    return sql;
+    QString out;
+    out.reserve(sql.size());
+    for (qsizetype i = 0; i < sql.size();) {
+        const qsizetype end = sql[i] == kMark ? sql.indexOf(kMark, i + 1) : -1;
+        if (end < 0) {
+            out += sql[i++];
+            continue;
+        }
+        out += sqliteLiteral(literals.value(QStringView(sql).sliced(i + 1, end - i - 1).toInt()));
+        i = end + 1;
+    }
+    return out;
 }
 
 QRegularExpression rx(const char *pattern)
@@ -93,6 +111,65 @@ QString unqualifySetTargets(const QString &sql)
     return m.captured(1) + assignments + m.captured(3);
 }
 
+// The text before the trailing stars of a pattern that is nothing but a beginning ("Blue L*"),
+// or nothing.
+QString prefixOf(const QString &pattern)
+{
+    qsizetype end = pattern.size();
+    while (end > 0 && pattern[end - 1] == u'*')
+        --end;
+    if (end == 0 || end == pattern.size())
+        return {};
+    const QStringView text = QStringView(pattern).first(end);
+    for (const QChar c : text)
+        if (c == u'*' || c == u'?' || c == u'#' || c == u'[')
+            return {};
+    return text.toString();
+}
+
+// "col LIKE 'text*'" also bounds col to the names that fold to text and a little more, in the
+// order of names: the engine then reads that range of an index on col instead of every row,
+// and like() still decides. The bounds are the folded text and the same text followed by the
+// last code point, which sorts after every letter that could follow it.
+QString boundPrefixPatterns(const QString &sql, QStringList &literals)
+{
+    static const QRegularExpression like(QStringLiteral("((?:\\b\\w+\\.)?\\b\\w+)\\s+LIKE\\s+") + kMark +
+                                             QStringLiteral("(\\d+)") + kMark,
+                                         QRegularExpression::CaseInsensitiveOption);
+    QString out;
+    qsizetype from = 0;
+    for (auto it = like.globalMatch(sql); it.hasNext();) {
+        const auto m = it.next();
+        const QString column = m.captured(1);
+        const QString prefix = prefixOf(literals.value(m.captured(2).toInt()));
+        if (prefix.isEmpty() || column.compare(QLatin1String("NOT"), Qt::CaseInsensitive) == 0)
+            continue;
+        static const char32_t last = 0x10FFFF;
+        static const QString kLastCodePoint = QString::fromUcs4(&last, 1);
+        const QString low = NameFold::folded(prefix);
+        const QString collate = QStringLiteral(" COLLATE ") + QLatin1String(NameFold::kCollation);
+        out += QStringView(sql).sliced(from, m.capturedStart() - from);
+        // The bounds join the literals, which alone may hold a user's text.
+        literals << low << low + kLastCodePoint;
+        out += u'(' + column + QStringLiteral(" >= ") + markerFor(literals.size() - 2) + collate +
+               QStringLiteral(" AND ") + column + QStringLiteral(" < ") + markerFor(literals.size() - 1) + collate +
+               QStringLiteral(" AND ") + m.captured() + u')';
+        from = m.capturedEnd();
+    }
+    out += QStringView(sql).sliced(from);
+    return out;
+}
+
+// Drinks keep their categories in DrinkTypeRel; "C.DrinkType = n" finds the drinks of
+// category n there.
+QString categoryThroughRelation(const QString &sql)
+{
+    static const QRegularExpression drinkType = rx(R"(\b(\w+)\.DrinkType\s*=\s*(-?\d+))");
+    QString out = sql;
+    out.replace(drinkType, QStringLiteral("\\1.ID IN (SELECT DrinkID FROM DrinkTypeRel WHERE DrinkTypeID = \\2)"));
+    return out;
+}
+
 } // namespace
 
 QString jetToSqlite(const QString &jetSql)
@@ -112,6 +189,13 @@ QString jetToSqlite(const QString &jetSql)
     // Boolean words, but not a column that happens to be qualified (X.No) or a function call.
     sql.replace(trueWord, QStringLiteral("1"));
     sql.replace(falseWord, QStringLiteral("0"));
+    sql = categoryThroughRelation(sql);
+    sql = boundPrefixPatterns(sql, literals);
 
     return unmaskLiterals(sql, literals);
+}
+
+QString jetLiteralText(const QString &text)
+{
+    return QString(text).replace(u'"', QStringLiteral("\"\""));
 }

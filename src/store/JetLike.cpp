@@ -1,15 +1,22 @@
 #include "store/JetLike.h"
 
+#include "store/NameFold.h"
+
+#include <algorithm>
+
 #include <QChar>
 #include <sqlite3.h>
 
 namespace {
 
-inline char32_t fold(char32_t c)
+using NameFold::fold;
+
+// Patterns and texts fold as names compare: case and accents drop out (an accent written
+// apart from its letter drops out altogether).
+inline void append(std::u32string &out, char32_t c)
 {
-    if (c < 128)
-        return c >= U'A' && c <= U'Z' ? c + 32 : c;
-    return QChar::toCaseFolded(c);
+    if (const char32_t f = fold(c))
+        out += f;
 }
 
 // Folded code points of UTF-16 text, so that ? counts characters, not halves of pairs.
@@ -19,10 +26,10 @@ void foldUtf16(QStringView s, std::u32string &out)
     for (qsizetype i = 0; i < s.size(); ++i) {
         const QChar c = s[i];
         if (c.isHighSurrogate() && i + 1 < s.size() && s[i + 1].isLowSurrogate()) {
-            out += fold(QChar::surrogateToUcs4(c, s[i + 1]));
+            append(out, QChar::surrogateToUcs4(c, s[i + 1]));
             ++i;
         } else {
-            out += fold(c.unicode());
+            append(out, c.unicode());
         }
     }
 }
@@ -47,14 +54,14 @@ void foldUtf8(const unsigned char *s, int n, std::u32string &out)
             len = 1;
             cp = b;
         }
-        out += fold(cp);
+        append(out, cp);
         i += len;
     }
 }
 
 } // namespace
 
-std::optional<JetLikePattern> JetLikePattern::compile(QStringView pattern)
+JetLikePattern JetLikePattern::compile(QStringView pattern)
 {
     JetLikePattern p;
     std::u32string cps;
@@ -89,8 +96,12 @@ std::optional<JetLikePattern> JetLikePattern::compile(QStringView pattern)
                     ++j;
                 }
             }
-            if (j >= cps.size())
-                return std::nullopt;
+            if (j >= cps.size()) {
+                // An unclosed "[" opens no set: it is a plain character.
+                t = Token{Token::Literal, c, false, {}};
+                p.m_tokens.push_back(std::move(t));
+                continue;
+            }
             i = j;
             if (j == first && !t.negate)
                 continue; // "[]": zero-length
@@ -111,8 +122,12 @@ std::optional<JetLikePattern> JetLikePattern::compile(QStringView pattern)
         else
             literalsOnly = false;
     }
-    if (literalsOnly)
+    if (literalsOnly) {
         p.m_shape = lead && trail ? Contains : lead ? Suffix : trail ? Prefix : Exact;
+        p.m_ascii = std::all_of(p.m_literal.begin(), p.m_literal.end(), [](char32_t c) { return c < 0x80; });
+        if (p.m_ascii)
+            p.m_asciiLiteral.assign(p.m_literal.begin(), p.m_literal.end());
+    }
     return p;
 }
 
@@ -164,9 +179,9 @@ bool JetLikePattern::matchTokens(std::u32string_view text) const
     return pi == m_tokens.size();
 }
 
-bool JetLikePattern::matchFolded(std::u32string_view text) const
+template <typename View>
+bool JetLikePattern::matchShape(View text, View lit) const
 {
-    const std::u32string_view lit(m_literal);
     switch (m_shape) {
     case Exact:
         return text == lit;
@@ -175,10 +190,17 @@ bool JetLikePattern::matchFolded(std::u32string_view text) const
     case Suffix:
         return text.size() >= lit.size() && text.substr(text.size() - lit.size()) == lit;
     case Contains:
-        return text.find(lit) != std::u32string_view::npos;
+        return text.find(lit) != View::npos;
     case General:
         break;
     }
+    return false;
+}
+
+bool JetLikePattern::matchFolded(std::u32string_view text) const
+{
+    if (m_shape != General)
+        return matchShape(text, std::u32string_view(m_literal));
     return matchTokens(text);
 }
 
@@ -191,6 +213,21 @@ bool JetLikePattern::matches(QStringView text) const
 
 bool JetLikePattern::matchesUtf8(const char *text, int bytes) const
 {
+    // A plain ASCII text against a plain ASCII literal is compared as bytes, without widening
+    // it first: the usual name search on the usual name.
+    if (m_ascii) {
+        thread_local std::string lowered;
+        lowered.resize(size_t(bytes));
+        int i = 0;
+        for (; i < bytes; ++i) {
+            const unsigned char b = static_cast<unsigned char>(text[i]);
+            if (b >= 0x80)
+                break;
+            lowered[size_t(i)] = char(b >= 'A' && b <= 'Z' ? b + 32 : b);
+        }
+        if (i == bytes)
+            return matchShape(std::string_view(lowered), std::string_view(m_asciiLiteral));
+    }
     // One buffer per thread, reused for every row of a scan.
     thread_local std::u32string folded;
     foldUtf8(reinterpret_cast<const unsigned char *>(text), bytes, folded);
@@ -199,15 +236,14 @@ bool JetLikePattern::matchesUtf8(const char *text, int bytes) const
 
 bool jetLike(QStringView pattern, QStringView text)
 {
-    const auto p = JetLikePattern::compile(pattern);
-    return p && p->matches(text);
+    return JetLikePattern::compile(pattern).matches(text);
 }
 
 namespace {
 
 void destroyPattern(void *p) { delete static_cast<JetLikePattern *>(p); }
 
-std::optional<JetLikePattern> compileArg(sqlite3_value *v)
+JetLikePattern compileArg(sqlite3_value *v)
 {
     const auto *data = static_cast<const char16_t *>(sqlite3_value_text16(v));
     return JetLikePattern::compile(QStringView(data, sqlite3_value_bytes16(v) / 2));
@@ -223,15 +259,11 @@ void likeFunction(sqlite3_context *ctx, int argc, sqlite3_value **argv)
         return;
     }
     auto *compiled = static_cast<JetLikePattern *>(sqlite3_get_auxdata(ctx, 0));
-    std::optional<JetLikePattern> local;
+    JetLikePattern local;
     if (!compiled) {
         local = compileArg(argv[0]);
-        if (!local) {
-            sqlite3_result_error(ctx, "Invalid pattern string", -1);
-            return;
-        }
-        sqlite3_set_auxdata(ctx, 0, new JetLikePattern(*local), destroyPattern);
-        compiled = &*local;
+        sqlite3_set_auxdata(ctx, 0, new JetLikePattern(local), destroyPattern);
+        compiled = &local;
     }
     const auto *text = reinterpret_cast<const char *>(sqlite3_value_text(argv[1]));
     sqlite3_result_int(ctx, compiled->matchesUtf8(text, sqlite3_value_bytes(argv[1])) ? 1 : 0);

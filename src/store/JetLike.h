@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QStringView>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,11 +9,12 @@
 struct sqlite3;
 
 // The pattern language of the recipe book's searches: * any run, ? one character, # one
-// digit, [abc] [a-c] one of, [!a-c] none of; letters compare without case.
+// digit, [abc] [a-c] one of, [!a-c] none of (an unclosed "[" is a plain character); letters
+// compare as names do, without case or accents.
 class JetLikePattern {
 public:
-    // Nothing when the pattern is malformed (an unclosed "[").
-    static std::optional<JetLikePattern> compile(QStringView pattern);
+    // Every text is a pattern.
+    static JetLikePattern compile(QStringView pattern);
     bool matches(QStringView text) const;
     // The engine hands text over as UTF-8; matching it there spares a conversion per row.
     bool matchesUtf8(const char *text, int bytes) const;
@@ -33,12 +33,16 @@ private:
     enum Shape { General, Exact, Prefix, Suffix, Contains };
 
     bool matchFolded(std::u32string_view text) const;
+    template <typename View>
+    bool matchShape(View text, View literal) const;
     bool matchTokens(std::u32string_view text) const;
     static bool tokenMatches(const Token &t, char32_t c);
 
     std::vector<Token> m_tokens;
     Shape m_shape = General;
     std::u32string m_literal; // the folded literal of the simple shapes
+    bool m_ascii = false;      // a simple shape whose literal is plain ASCII
+    std::string m_asciiLiteral;
 };
 
 bool jetLike(QStringView pattern, QStringView text);

@@ -2,6 +2,7 @@
 
 #include "base/LineCost.h"
 #include "store/JetLike.h"
+#include "store/NameFold.h"
 
 #include <QSqlDatabase>
 #include <QSqlDriver>
@@ -37,6 +38,7 @@ void lineCostFunction(sqlite3_context *ctx, int, sqlite3_value **argv)
 void registerStoreFunctions(sqlite3 *db)
 {
     registerJetLike(db);
+    NameFold::registerCollation(db);
     sqlite3_create_function(db, "LineCost", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, lineCostFunction,
                             nullptr, nullptr);
 }

@@ -2,10 +2,12 @@
 #include "TestStore.h"
 #include "store/DrinkStore.h"
 #include "store/KeyAllocation.h"
+#include "store/StoreBuilder.h"
 #include "store/StoreError.h"
 
 #include <QCryptographicHash>
 #include <QFile>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -20,6 +22,7 @@ private slots:
     void categoryKeyFromList();
     void removalOrderAndEffect();
     void transactionRollsBackUnlessCommitted();
+    void olderStoreMovesToNameOrder();
 };
 
 namespace {
@@ -149,6 +152,41 @@ void tst_DrinkStore::transactionRollsBackUnlessCommitted()
         QVERIFY(e.engineText().contains(QStringLiteral("NoSuchTable")));
     }
     QCOMPARE(ts.store().scalar(QStringLiteral("SELECT COUNT(*) FROM Drinks")).toInt(), 1);
+}
+
+void tst_DrinkStore::olderStoreMovesToNameOrder()
+{
+    // A store as the earlier version made it: names compared by NOCASE, version 1.
+    QString schema = [] {
+        QFile f(TestStore::schemaFile());
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
+    }();
+    QVERIFY(schema.contains(QLatin1String("NAMEFOLD")));
+    schema.replace(QLatin1String("COLLATE NAMEFOLD"), QLatin1String("COLLATE NOCASE"));
+    schema.replace(QLatin1String("user_version = 2"), QLatin1String("user_version = 1"));
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("drinks.db"));
+    StoreBuilder::createFromScripts(path, {});
+    StoreBuilder::runScriptText(path, schema + QStringLiteral(
+        "INSERT INTO Drinks (id, Name) VALUES (1, 'Zombie'), (2, 'Éclair Fizz'), (3, 'eclair');"
+        "INSERT INTO Ingredients (id, Ingredient) VALUES (1, 'Rum');"
+        "INSERT INTO DrinkRel (DrinkID, IngID, seq) VALUES (1, 1, 1);"));
+
+    for (int open = 0; open < 2; ++open) {
+        DrinkStore store(path);
+        QCOMPARE(store.scalar(QStringLiteral("PRAGMA user_version")).toInt(), 2);
+        QCOMPARE(store.scalar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE sql LIKE \"*NAMEFOLD*\"")).toInt(), 6);
+        QSqlQuery tab = store.select(QStringLiteral("SELECT ID FROM Drinks WHERE Name >= 'E' AND Name < 'F' ORDER BY Name"));
+        QList<int> ids;
+        while (tab.next())
+            ids << tab.value(0).toInt();
+        QCOMPARE(ids, (QList<int>{3, 2}));
+        // The saved queries read the tables made anew, and their indexes are back.
+        QCOMPARE(store.scalar(QStringLiteral("SELECT Ingredient FROM DrinkIngredients WHERE DrinkID = 1")).toString(),
+                 QStringLiteral("Rum"));
+        QCOMPARE(store.scalar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'index' AND "
+                                             "tbl_name = 'Drinks'")).toInt(), 4);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_DrinkStore)

@@ -17,7 +17,9 @@ private slots:
     void like();
     void statementsRun_data();
     void statementsRun();
-    void quoteInUserTextFailsCleanly();
+    void nameOrder();
+    void prefixReadsAnIndexRange_data();
+    void prefixReadsAnIndexRange();
 };
 
 void tst_JetSql::dialect_data()
@@ -56,6 +58,19 @@ void tst_JetSql::dialect_data()
         << "DELETE FROM DrinkTypeRel WHERE rowid IN (SELECT DrinkTypeRel.rowid FROM DrinkTypeRel, Drinks WHERE "
            "DrinkTypeRel.DrinkID = Drinks.ID AND Drinks.Marked = 1 AND DrinkTypeRel.DrinkTypeID = 5)";
     QTest::newRow("unclosed literal left for the engine") << "WHERE Name = \"abc" << "WHERE Name = \"abc";
+    QTest::newRow("marker characters in a literal") << QStringLiteral(u"WHERE Name = 'x' OR Name = \"\uE0000\uE000\"")
+                                                    << QStringLiteral(u"WHERE Name = 'x' OR Name = '\uE0000\uE000'");
+    QTest::newRow("category through its relation")
+        << "WHERE (C.DrinkType = 12) AND (C.DrinkTypeID = 3)"
+        << "WHERE (C.ID IN (SELECT DrinkID FROM DrinkTypeRel WHERE DrinkTypeID = 12)) AND (C.DrinkTypeID = 3)";
+    const QString last = [] { const char32_t c = 0x10FFFF; return QString::fromUcs4(&c, 1); }();
+    QTest::newRow("prefix bounded in name order")
+        << "WHERE Name LIKE \"Éc'*\" ORDER BY Name"
+        << "WHERE (Name >= 'ec''' COLLATE NAMEFOLD AND Name < 'ec''" + last +
+               "' COLLATE NAMEFOLD AND Name LIKE 'Éc''*') ORDER BY Name";
+    QTest::newRow("not a prefix: no bounds") << "WHERE D.Name LIKE \"*gin*\" OR D.Name LIKE \"g?n*\""
+                                             << "WHERE D.Name LIKE '*gin*' OR D.Name LIKE 'g?n*'";
+    QTest::newRow("not like: no bounds") << "WHERE Name NOT LIKE \"G*\"" << "WHERE Name NOT LIKE 'G*'";
 }
 
 void tst_JetSql::dialect()
@@ -92,6 +107,12 @@ void tst_JetSql::like_data()
     QTest::newRow("backtrack") << "*a*b" << "aaab" << true;
     QTest::newRow("backtrack miss") << "*a*b" << "aaabc" << false;
     QTest::newRow("accented case") << "*é*" << "CAFÉ ROYALE" << true;
+    QTest::newRow("accent folded") << "creme*" << "Crème de Menthe" << true;
+    QTest::newRow("accent apart from its letter") << "*cafe*" << "Cafe\u0301 Royale" << true;
+    QTest::newRow("unclosed bracket is a letter") << "*[a*" << "Punch [a la carte]" << true;
+    QTest::newRow("unclosed bracket miss") << "[a*" << "a" << false;
+    QTest::newRow("emoji") << "*🍹*" << "Tiki 🍹 Bowl" << true;
+    QTest::newRow("quote and percent") << "*\"50%\"*" << "The \"50%\" Sour" << true;
     QTest::newRow("percent is literal") << "100%" << "100%" << true;
     QTest::newRow("underscore is literal") << "a_b" << "axb" << false;
 }
@@ -148,13 +169,58 @@ void tst_JetSql::statementsRun()
     QCOMPARE(ts.store().scalar(check).toInt(), expected);
 }
 
-void tst_JetSql::quoteInUserTextFailsCleanly()
+void tst_JetSql::nameOrder()
 {
-    TestStore ts(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (1, 'Gimlet');"));
-    // A typed double quote ends the literal early: the statement fails, nothing changes.
-    QVERIFY_THROWS_EXCEPTION(StoreError, ts.store().execute(QStringLiteral("UPDATE Drinks SET Name = \"a\"b\" WHERE id = 1")));
-    QCOMPARE(ts.store().scalar(QStringLiteral("SELECT Name FROM Drinks WHERE id = 1")).toString(), QStringLiteral("Gimlet"));
-    QVERIFY_THROWS_EXCEPTION(StoreError, ts.store().select(QStringLiteral("SELECT ID FROM Drinks WHERE Name LIKE \"[a*\"")));
+    TestStore ts(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (1, 'Pisco Sour'), (2, 'Piña Colada'), "
+                                "(3, 'Jungle Bird'), (4, 'Jägerbomb'), (5, 'Éclair Fizz'), (6, 'Zombie'), "
+                                "(7, 'Creme Soda'), (8, 'CRÈME Brûlée'), (9, 'crème de cassis'), (10, 'eclair');"
+                                "INSERT INTO Ingredients (id, Ingredient) VALUES (1, 'Zubrówka'), (2, 'Ängelica'), "
+                                "(3, 'Amaretto');"));
+    DrinkStore &db = ts.store();
+    const auto names = [&](const QString &sql) {
+        QStringList out;
+        QSqlQuery q = db.select(sql);
+        while (q.next())
+            out << q.value(0).toString();
+        return out;
+    };
+    // Accents and case fold; between names that fold alike the plain letter comes first.
+    QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks ORDER BY Name")),
+             (QStringList{"CRÈME Brûlée", "crème de cassis", "Creme Soda", "eclair", "Éclair Fizz", "Jägerbomb",
+                          "Jungle Bird", "Piña Colada", "Pisco Sour", "Zombie"}));
+    QCOMPARE(names(QStringLiteral("SELECT Ingredient FROM Ingredients ORDER BY Ingredient")),
+             (QStringList{"Amaretto", "Ängelica", "Zubrówka"}));
+    // The letter tab E, as the list asks for it.
+    QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks WHERE Name >= 'E' AND Name < 'F' ORDER BY Name")),
+             (QStringList{"eclair", "Éclair Fizz"}));
+    QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks WHERE Name = \"crème brûlée\"")),
+             QStringList{"CRÈME Brûlée"});
+    QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks WHERE Name LIKE \"ÉCLAIR*\" ORDER BY Name")),
+             (QStringList{"eclair", "Éclair Fizz"}));
+}
+
+void tst_JetSql::prefixReadsAnIndexRange_data()
+{
+    QTest::addColumn<QString>("jet");
+    QTest::addColumn<QString>("plan");
+    QTest::newRow("drinks") << "SELECT ID, Name FROM Drinks WHERE Name LIKE \"Blue L*\" ORDER BY Name"
+                            << "SEARCH Drinks USING COVERING INDEX Name (Name>? AND Name<?)";
+    QTest::newRow("search results") << "SELECT ID, Name FROM SearchResults WHERE Name LIKE \"S*\" ORDER BY Name"
+                                    << "SEARCH SearchResults USING INDEX SearchResultsName (Name>? AND Name<?)";
+    QTest::newRow("search by name") << "SELECT Drinks.ID FROM Drinks WHERE Drinks.Name Like \"gin*\""
+                                    << "SEARCH Drinks USING COVERING INDEX Name (Name>? AND Name<?)";
+}
+
+void tst_JetSql::prefixReadsAnIndexRange()
+{
+    QFETCH(QString, jet);
+    QFETCH(QString, plan);
+    TestStore ts;
+    QSqlQuery q = ts.store().select(QStringLiteral("EXPLAIN QUERY PLAN ") + jet);
+    QStringList steps;
+    while (q.next())
+        steps << q.value(3).toString();
+    QCOMPARE(steps, QStringList{plan});
 }
 
 QTEST_GUILESS_MAIN(tst_JetSql)
