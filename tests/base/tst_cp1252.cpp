@@ -48,6 +48,25 @@ private slots:
         if (bothWays)
             QCOMPARE(Cp1252::decode(bytes), text);
     }
+
+    // Files: valid UTF-8 with any non-ASCII character is UTF-8, everything else Windows-1252.
+    void fileText_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("plain ASCII") << QByteArray("Caf") << QStringLiteral("Caf");
+        QTest::newRow("UTF-8") << QByteArray("Caf\xC3\xA9 \xF0\x9F\x8D\xB8") << QStringLiteral(u"Café \U0001F378");
+        QTest::newRow("UTF-8 with its mark") << QByteArray("\xEF\xBB\xBF" "Caf\xC3\xA9") << QStringLiteral(u"Café");
+        QTest::newRow("Windows-1252") << QByteArray("Caf\xE9 \x93x\x94") << QStringLiteral(u"Café “x”");
+        QTest::newRow("UTF-8 cut short") << QByteArray("Caf\xC3") << QStringLiteral(u"CafÃ");
+    }
+
+    void fileText()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, text);
+        QCOMPARE(Cp1252::decodeFile(bytes), text);
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_Cp1252)
