@@ -35,7 +35,7 @@ void tst_HandOver::linkDeliversAndWaitsForHandling()
         handledCount.storeRelease(1);
     });
 
-    bool delivered = false;
+    InstanceLink::HandOver delivered = InstanceLink::NoRunningCopy;
     int handledWhenReturned = -1;
     QThread *sender = QThread::create([&] {
         delivered = InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"));
@@ -44,7 +44,7 @@ void tst_HandOver::linkDeliversAndWaitsForHandling()
     sender->start();
     QTRY_VERIFY_WITH_TIMEOUT(sender->isFinished(), 5000);
     delete sender;
-    QVERIFY(delivered);
+    QCOMPARE(delivered, InstanceLink::Handled);
     QCOMPARE(handled, QStringList{QStringLiteral("/ID=2")});
     QCOMPARE(handledWhenReturned, 1); // the sender came back only after the line was handled
 
@@ -56,7 +56,7 @@ void tst_HandOver::linkDeliversAndWaitsForHandling()
 void tst_HandOver::noRunningCopy()
 {
     QTemporaryDir dir;
-    QVERIFY(!InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"), 200));
+    QCOMPARE(InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"), 200), InstanceLink::NoRunningCopy);
     QVERIFY(InstanceLink::serverName(dir.path()) != InstanceLink::serverName(dir.path() + QStringLiteral("x")));
 }
 
