@@ -145,13 +145,22 @@ Leftovers setAsideForeignLeftovers(const QString &path)
     const QString journal = path + QStringLiteral("-journal");
     const QString log = path + QStringLiteral("-wal");
     const QString logIndex = path + QStringLiteral("-shm");
-    const bool hotJournal = QFileInfo(journal).size() >= 28 && readAt(journal, 0, 8) == kJournalMagic;
-    const bool fullLog = QFileInfo(log).size() > kLogHeaderSize;
-    if (!hotJournal && !fullLog)
+    const bool anyLeft = QFileInfo::exists(journal) || QFileInfo::exists(log) || QFileInfo::exists(logIndex);
+    if (!anyLeft)
         return result;
     if (lockedByOtherProcess(path)) {
         result.inUse = true;
         return result;
+    }
+    // A journal whose commit never began, or an empty log, holds nothing the book needs: the
+    // book was never written under it. Gone, they cannot be copied or played by mistake.
+    const bool hotJournal = QFileInfo(journal).size() >= 28 && readAt(journal, 0, 8) == kJournalMagic;
+    const bool fullLog = QFileInfo(log).size() > kLogHeaderSize;
+    if (!hotJournal)
+        QFile::remove(journal);
+    if (!fullLog) {
+        QFile::remove(log);
+        QFile::remove(logIndex);
     }
     const QByteArray header = readAt(path, 0, kHeaderSize);
     if (hotJournal && !journalBelongsTo(journal, header)) {

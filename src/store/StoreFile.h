@@ -21,8 +21,9 @@ struct Leftovers {
 // Looks at the journal and log files beside the book. One that was written for this very file
 // is left for the engine to finish; one that belongs to a file since copied over the book is
 // renamed out of the way ("drinks.db-journal" becomes "drinks.db-journal.set-aside-1"), so
-// the book is opened exactly as it lies. Nothing is touched while another program holds the
-// book open: then the files are its own.
+// the book is opened exactly as it lies. A journal whose commit never began and an empty log
+// are removed: the book was never written under them. Nothing is touched while another
+// program holds the book open: then the files are its own.
 Leftovers setAsideForeignLeftovers(const QString &path);
 
 // True when some other process holds a lock on the book.
