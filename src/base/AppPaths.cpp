@@ -35,7 +35,7 @@ bool copyMissing(const QString &from, const QString &to, QString *error)
         *error = QStringLiteral("Cannot create the directory %1.").arg(to);
         return false;
     }
-    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
+    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
