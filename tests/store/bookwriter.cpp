@@ -5,6 +5,8 @@
 //       transaction, then printing "committed N"; SIGTERM ends it between two commands.
 //   corvane-bookwriter BOOK hold             begins a command whose pages reach the book
 //       before its commit, prints "hot" and waits to be killed.
+//   corvane-bookwriter BOOK lock             takes the book for writing, prints "hot" and
+//       waits to be killed.
 //   corvane-bookwriter BOOK log              commits one change into a write-ahead log,
 //       prints "hot" and waits to be killed.
 #include "shell/QuitSignals.h"
@@ -95,6 +97,10 @@ int main(int argc, char **argv)
             raw(store, "BEGIN IMMEDIATE");
             raw(store, "PRAGMA user_version=7");
             raw(store, "UPDATE Drinks SET Marked = 1 - Marked, Description = Description || 'x'");
+            waitToBeKilled();
+        }
+        if (mode == u"lock") {
+            store.beginTransaction();
             waitToBeKilled();
         }
         if (mode == u"log") {

@@ -124,6 +124,7 @@ private slots:
     void killedWriterLeftovers_data();
     void killedWriterLeftovers();
     void twoWritersAtOnce();
+    void busyBookWaitsThenSaysSo();
     void folderInPlaceOfTheBook();
 };
 
@@ -255,6 +256,34 @@ void tst_BookFile::twoWritersAtOnce()
     QCOMPARE(alone.valueB, QStringLiteral("40"));
     QCOMPARE(alone.wrongMarksA, 0);
     QCOMPARE(alone.wrongMarksB, 0);
+}
+
+// While another program holds the book for writing, a write waits, letting the caller paint,
+// and then fails with a plain message and nothing changed; once the book is free it goes through.
+void tst_BookFile::busyBookWaitsThenSaysSo()
+{
+    QTemporaryDir dir;
+    const QString book = makeBook(dir);
+    QProcess holder;
+    startWriter(holder, {book, QStringLiteral("lock")});
+    QByteArray output;
+    QVERIFY2(waitForLine(holder, "hot", &output), output.constData());
+    int waits = 0;
+    DrinkStore::setBusyWaiter([&] { ++waits; });
+    DrinkStore store(book);
+    const QString write = QStringLiteral("UPDATE Drinks SET Marked = 1 WHERE id = 100001");
+    try {
+        store.execute(write);
+        QFAIL("wrote to a book another program holds");
+    } catch (const StoreError &e) {
+        QVERIFY2(e.engineText().contains(QStringLiteral("in use by another program")), qPrintable(e.engineText()));
+    }
+    QVERIFY(waits > 0);
+    QVERIFY(!store.inTransaction());
+    holder.kill();
+    QVERIFY(holder.waitForFinished(15000));
+    QCOMPARE(store.execute(write), 1);
+    DrinkStore::setBusyWaiter({});
 }
 
 void tst_BookFile::folderInPlaceOfTheBook()
