@@ -4,7 +4,6 @@
 #include "store/JetDialect.h"
 #include "store/StoreFunctions.h"
 #include "store/StoreError.h"
-
 #include "store/StoreFile.h"
 
 #include <QAtomicInt>
@@ -80,7 +79,8 @@ DrinkStore::DrinkStore(const QString &path) : m_path(path)
     static QAtomicInt counter;
     m_connection = QStringLiteral("drinkstore-%1").arg(counter.fetchAndAddRelaxed(1));
 
-    const bool openHere = openPaths().contains(pathKey(path));
+    m_key = pathKey(path);
+    const bool openHere = openPaths().contains(m_key);
     const QString problem = StoreFile::problem(path, !openHere);
     if (!problem.isEmpty())
         throw StoreError(problem, path);
@@ -104,7 +104,7 @@ DrinkStore::DrinkStore(const QString &path) : m_path(path)
         // The user is told which file failed, with the engine's reason.
         throw StoreError(e.engineText(), path);
     }
-    ++openPaths()[pathKey(path)];
+    ++openPaths()[m_key];
 }
 
 void DrinkStore::openChecked()
@@ -130,9 +130,8 @@ void DrinkStore::openChecked()
 
 DrinkStore::~DrinkStore()
 {
-    const QString key = pathKey(m_path);
-    if (--openPaths()[key] <= 0)
-        openPaths().remove(key);
+    if (--openPaths()[m_key] <= 0)
+        openPaths().remove(m_key);
     {
         QSqlDatabase db = QSqlDatabase::database(m_connection, false);
         if (db.isOpen())

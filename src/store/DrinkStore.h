@@ -62,6 +62,7 @@ private:
     void runControl(const char *sql);
 
     QString m_path;
+    QString m_key; // the path as this process's open books are known by
     QString m_connection;
     QStringList m_setAside;
 };
