@@ -25,6 +25,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QUrl>
@@ -119,8 +120,9 @@ bool frmMain::Form_Load(const QString &commandLine)
     // While another copy holds the book the window keeps painting; the user cannot act meanwhile.
     DrinkStore::setBusyWaiter(
         [] { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers); });
-    CLocalConfig::setNoticeHandler(
-        [this](const QString &text) { QMessageBox::warning(isVisible() ? this : nullptr, QStringLiteral("Corvane"), text); });
+    CLocalConfig::setNoticeHandler([window = QPointer<frmMain>(this)](const QString &text) {
+        QMessageBox::warning(window && window->isVisible() ? window.data() : nullptr, QStringLiteral("Corvane"), text);
+    });
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const QString storePath = AppPaths::storeFile();
     try {
