@@ -512,8 +512,8 @@ Summary generate(const QString &appDir, const Options &options)
         writeReference(c, ingredients);
         writeDrinks(c, random, ingredients, options.drinks, summary);
         c.exec("COMMIT");
-        // As the program leaves it: it opens every store in WAL mode.
-        c.exec("PRAGMA journal_mode = WAL");
+        // As the program leaves it: one file, with a rollback journal only while a command writes.
+        c.exec("PRAGMA journal_mode = DELETE");
     }
 
     QSaveFile key(dir.filePath(kKeyName));

@@ -29,7 +29,7 @@ std::vector<qint32> storedTicks(DrinkStore &setup)
 Bench::Floor scanFloor(const std::vector<qint32> &ticked)
 {
     Bench::Floor floor;
-    floor.statements << QStringLiteral("PRAGMA synchronous=NORMAL") << QStringLiteral("BEGIN")
+    floor.statements << QStringLiteral("PRAGMA synchronous=FULL") << QStringLiteral("BEGIN")
                      << Bench::native(QStringLiteral("UPDATE DISTINCTROW Ingredients SET Ingredients.Selected = No "
                                                      "WHERE Ingredients.Selected=Yes"));
     for (qint32 id : ticked)
@@ -39,7 +39,7 @@ Bench::Floor scanFloor(const std::vector<qint32> &ticked)
                      << QStringLiteral("SELECT DrinkID, IngID FROM DrinkRel ORDER BY DrinkID, seq")
                      << QStringLiteral("COMMIT");
     floor.note = QStringLiteral("each tick's UPDATE parsed anew, where the program binds one prepared statement; "
-                                "synchronous=NORMAL, as the program's connection writes");
+                                "synchronous=FULL, as the program's connection writes");
     return floor;
 }
 

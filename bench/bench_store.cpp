@@ -24,7 +24,7 @@ void storeCases(Bench::Registry &registry, const Bench::Store &store, DrinkStore
                         QStringLiteral("SELECT * FROM Drinks ORDER BY id LIMIT 1"), Bench::native(firstList)};
     floor.note = QStringLiteral("the file already open in the shell");
     floor.reason = QStringLiteral("the View All list (the names as QStrings, see there), and the open itself: the "
-                                  "file's checks, WAL mode, the program's SQL functions and the facade's six "
+                                  "file's checks and journal set-up, the program's SQL functions and the facade's six "
                                   "prepared statements, which the shell has no need of");
     registry.add(
         "startup.first-list", QStringLiteral("Start-up to the first list (open, facade, View All)"), store,

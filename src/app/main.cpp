@@ -1,5 +1,7 @@
 #include "base/AppPaths.h"
 #include "shell/InstanceLink.h"
+#include "shell/QuitSignals.h"
+#include "shell/ShellMessages.h"
 #include "shell/frmMain.h"
 
 #include <QApplication>
@@ -10,6 +12,14 @@ int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Corvane"));
+
+    // A logout, a terminal's Ctrl-C or a kill ends the program as "Exit" does.
+    bool quitAsked = false;
+    QuitSignals quitSignals;
+    QObject::connect(&quitSignals, &QuitSignals::quitRequested, &app, [&quitAsked] {
+        quitAsked = true;
+        QApplication::exit(0);
+    });
 
     // Everything but "--appdir DIR" is the command line another program hands us ("/ID=12").
     QString explicitDir;
@@ -27,8 +37,17 @@ int main(int argc, char **argv)
     const QString appDir = AppPaths::resolve(explicitDir);
 
     // A second start with something to show gives it to the copy already running, and ends.
-    if (!commandLine.trimmed().isEmpty() && InstanceLink::handOver(appDir, commandLine))
-        return 0;
+    if (!commandLine.trimmed().isEmpty()) {
+        switch (InstanceLink::handOver(appDir, commandLine)) {
+        case InstanceLink::Handled:
+            return 0;
+        case InstanceLink::NoAnswer:
+            QMessageBox::warning(nullptr, QStringLiteral("Corvane"), handOverTimedOutText(commandLine));
+            return 1;
+        case InstanceLink::NoRunningCopy:
+            break;
+        }
+    }
 
     QString error;
     if (!AppPaths::ensureFilled(appDir, &error)) {
@@ -40,5 +59,7 @@ int main(int argc, char **argv)
     frmMain window;
     if (!window.Form_Load(commandLine))
         return 1;
+    if (quitAsked)
+        return 0;
     return QApplication::exec();
 }

@@ -16,7 +16,9 @@ QString settingsFile();
 QString storeFile();
 // Where the delivered data was built or installed, or "" when it cannot be found.
 QString deliveredDataDir();
-// Fills a missing or empty application directory from the delivered data. Returns false
-// with a message when that is impossible.
+// Fills a missing or empty application directory from the delivered data, beside it first and
+// then renamed into place; in a directory already there, puts back each delivered file that is
+// missing and leaves every file present as it is. Returns false with a message when that is
+// impossible.
 bool ensureFilled(const QString &dir, QString *error);
 }

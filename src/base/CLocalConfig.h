@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <stdexcept>
 
 // A numbered error of the settings store; number and text are those the user sees.
@@ -19,6 +20,10 @@ private:
 
 // The program's named text settings. Holds no state: every call opens the settings file in
 // the application directory, does its work and closes it. Reading never creates anything.
+// A save changes the one line of its key and keeps every other line of the file as it was,
+// written whole through a temporary file. A file with lines that are no settings is copied
+// once to "<file>.bad" and the user told so; a file that cannot be read gives one message,
+// reads as all defaults and is never written.
 class CLocalConfig {
 public:
     // Settings file of the current application directory (AppPaths), unless one is given.
@@ -38,6 +43,9 @@ public:
     static constexpr quint32 ErrSectionEmpty = 0x800403E9;
     static constexpr quint32 ErrKeyEmpty = 0x800403EA;
     static constexpr quint32 ErrBase = 0x800407D0;
+
+    // Where the one-time notices about the file go (a message box in the program).
+    static void setNoticeHandler(std::function<void(const QString &)> handler);
 
 private:
     QString m_file;

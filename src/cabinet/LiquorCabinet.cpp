@@ -42,8 +42,8 @@ void checkParents(std::vector<Node> &nodes, Node::Level level)
 }
 
 // Sets LiqCab on many drinks per statement: a cabinet that makes most of a large book must not
-// cost one statement per drink.
-void storeMarks(DrinkStore &store, const std::vector<qint32> &ids, int value)
+// cost one statement per drink. Asks the progress after each statement; false when stopped.
+bool storeMarks(DrinkStore &store, const std::vector<qint32> &ids, int value, const std::function<bool()> &stop)
 {
     constexpr std::size_t kChunk = 500;
     for (std::size_t start = 0; start < ids.size(); start += kChunk) {
@@ -57,7 +57,10 @@ void storeMarks(DrinkStore &store, const std::vector<qint32> &ids, int value)
         sql += u')';
         QSqlQuery q = store.prepare(sql);
         store.exec(q);
+        if (stop())
+            return false;
     }
+    return true;
 }
 
 } // namespace
@@ -210,15 +213,29 @@ ScanOutcome ScanForMatches(DrinkStore &store, const std::vector<qint32> &sortedS
         else if (!matched[i] && oldMarks[i] != 0)
             clear.push_back(drinkIds[i]);
     }
-    storeMarks(store, clear, 0);
-    storeMarks(store, mark, 1);
+    // A large book takes a while to write: the progress stays on screen and Cancel answers.
+    const auto stop = [&] { return !stopped && progress && progress(counter, outcome.total); };
+    if (!storeMarks(store, clear, 0, stop) || !storeMarks(store, mark, 1, stop)) {
+        outcome = ScanOutcome();
+        outcome.undone = true;
+        return outcome; // the transaction rolls back on the way out
+    }
     tx.commit();
     return outcome;
 }
 
-ScanOutcome FindMatches(DrinkStore &store, const std::vector<qint32> &tickedIds, const ScanProgress &progress)
+ScanOutcome FindMatches(DrinkStore &store, const std::vector<qint32> &tickedIds, const ScanProgress &progress,
+                        std::vector<qint32> *selectedIds)
 {
-    return ScanForMatches(store, StoreSelectedIngredients(store, tickedIds), progress);
+    ScopedTransaction tx(store);
+    std::vector<qint32> sorted = StoreSelectedIngredients(store, tickedIds);
+    const ScanOutcome outcome = ScanForMatches(store, sorted, progress);
+    if (outcome.undone)
+        return outcome;
+    tx.commit();
+    if (selectedIds)
+        *selectedIds = std::move(sorted);
+    return outcome;
 }
 
 } // namespace LiquorCabinet

@@ -41,6 +41,7 @@ using ScanProgress = std::function<bool(int counter, int total)>;
 
 struct ScanOutcome {
     bool completed = false; // false when the progress callback stopped it
+    bool undone = false;    // stopped while the marks were being written: nothing was stored
     int total = 0;          // drinks in the store
     int checked = 0;        // drinks whose lines were read
     int matches = 0;        // drinks marked
@@ -53,11 +54,15 @@ std::vector<qint32> StoreSelectedIngredients(DrinkStore &store, std::vector<qint
 // Clears every LiqCab and sets it to 1 on each drink that has at least one line and whose
 // lines all name an owned ingredient, walking DrinkRel in drink order. Stopped early, the drinks
 // examined so far keep their marks and all others stay 0; either way the marks are stored as
-// one transaction, so a failure leaves the earlier results in force.
+// one transaction, so a failure leaves the earlier results in force. The progress is asked on
+// while the marks are written too; stopped then, the whole transaction is taken back (undone).
 ScanOutcome ScanForMatches(DrinkStore &store, const std::vector<qint32> &sortedSelectedIds,
                            const ScanProgress &progress = {});
 
-// "&Find Matches" after the ticks are counted: both of the above.
-ScanOutcome FindMatches(DrinkStore &store, const std::vector<qint32> &tickedIds, const ScanProgress &progress = {});
+// "&Find Matches" after the ticks are counted: both of the above, in one transaction, so that a
+// failure leaves the ticks and the marks as they were. selectedIds, when given, receives the
+// sorted ticks.
+ScanOutcome FindMatches(DrinkStore &store, const std::vector<qint32> &tickedIds, const ScanProgress &progress = {},
+                        std::vector<qint32> *selectedIds = nullptr);
 
 } // namespace LiquorCabinet

@@ -193,17 +193,18 @@ void frmLiquorCab::OK_Click()
     QElapsedTimer sinceYield;
     LiquorCabinet::ScanOutcome outcome;
     try {
-        SelectedIds = LiquorCabinet::StoreSelectedIngredients(m_store, ticked);
         CancelScan = false;
         pnlProgress->show();
-        outcome = LiquorCabinet::ScanForMatches(m_store, SelectedIds, [&](int counter, int total) {
+        // The ticks and the marks are stored together: a failure leaves both as they were.
+        const auto progress = [&](int counter, int total) {
             if (!sinceYield.isValid() || sinceYield.elapsed() >= kYieldMilliseconds) {
                 lblProgress->setText(LiquorCabinet::ScanProgressText(counter, total));
                 QApplication::processEvents();
                 sinceYield.start();
             }
             return CancelScan;
-        });
+        };
+        outcome = LiquorCabinet::FindMatches(m_store, ticked, progress, &SelectedIds);
     } catch (const StoreError &e) {
         endScan();
         QMessageBox::critical(this, QStringLiteral("Corvane"), e.engineText());

@@ -25,6 +25,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -116,6 +117,12 @@ bool frmMain::guarded(const std::function<void()> &f) { return runGuarded(this, 
 bool frmMain::Form_Load(const QString &commandLine)
 {
     m_openedByMap = false;
+    // While another copy holds the book the window keeps painting; the user cannot act meanwhile.
+    DrinkStore::setBusyWaiter(
+        [] { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers); });
+    CLocalConfig::setNoticeHandler([window = QPointer<frmMain>(this)](const QString &text) {
+        QMessageBox::warning(window && window->isVisible() ? window.data() : nullptr, QStringLiteral("Corvane"), text);
+    });
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const QString storePath = AppPaths::storeFile();
     try {
@@ -138,6 +145,9 @@ bool frmMain::Form_Load(const QString &commandLine)
         modCorvane::LoadMissingIngColor(state, config);
     });
     sbMain->clear();
+    if (!m_store->setAsideFiles().isEmpty())
+        sbMain->setText(QStringLiteral("Left over from another file and set aside: ") +
+                        m_store->setAsideFiles().join(QStringLiteral(", ")));
     guarded([&] {
         m_facade->setCurrentHTMLTemplatePath(config.Load(modCorvane::kSettings, QStringLiteral("TemplatePath"),
                                                          AppPaths::file(QStringLiteral("Templates/Standard.cvt"))));

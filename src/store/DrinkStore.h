@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
 #include <vector>
 
 // The one open drink store. Every statement the program writes in the old engine's dialect
@@ -12,8 +13,10 @@
 // engine's text.
 class DrinkStore {
 public:
-    // Opens an existing store file; never creates one. Throws StoreError naming the file when
-    // it is missing, is not a database, or is not a drink store.
+    // Opens an existing store file; never creates one, and writes nothing to it before it is
+    // known to be a drink store. Throws StoreError naming the file when it is missing, is not
+    // a database, or is not a drink store. Every change is in the file itself once its command
+    // has ended: the journal lives only while a write transaction runs.
     explicit DrinkStore(const QString &path);
     ~DrinkStore();
     DrinkStore(const DrinkStore &) = delete;
@@ -36,19 +39,45 @@ public:
     QSqlQuery prepare(const QString &sql);
     void exec(QSqlQuery &query);
 
+    // A write transaction, taken as one from its start (BEGIN IMMEDIATE), so that two copies
+    // writing at once wait for each other instead of failing halfway.
     void beginTransaction();
     void commit();
     void rollback();
+    bool inTransaction() const;
+
+    // Files the open moved out of the way because they belonged to another file.
+    QStringList setAsideFiles() const { return m_setAside; }
+
+    // While another program holds the book, statements wait this long for it.
+    static constexpr int kBusyWaitMs = 10000;
+    // Called over and over while a statement waits for the book, so that a window can paint
+    // meanwhile; by default the wait just sleeps.
+    static void setBusyWaiter(std::function<void()> waiter);
+    // The text the user sees for an engine error: a book that stayed busy is said plainly.
+    static QString errorText(int engineCode, const QString &engineText);
 
 private:
+    void openChecked();
+    void runControl(const char *sql);
+
     QString m_path;
+    QString m_key; // the path as this process's open books are known by
     QString m_connection;
+    QStringList m_setAside;
 };
 
 // Rolls back unless committed, so a save made of several statements is whole or not at all.
+// Inside a transaction already begun it adds nothing: the outer one decides for both.
 class ScopedTransaction {
 public:
-    explicit ScopedTransaction(DrinkStore &store) : m_store(store) { m_store.beginTransaction(); }
+    explicit ScopedTransaction(DrinkStore &store) : m_store(store), m_done(store.inTransaction())
+    {
+        if (!m_done)
+            m_store.beginTransaction();
+        else
+            m_nested = true;
+    }
     ~ScopedTransaction()
     {
         if (!m_done) {
@@ -60,7 +89,8 @@ public:
     }
     void commit()
     {
-        m_store.commit();
+        if (!m_nested)
+            m_store.commit();
         m_done = true;
     }
     ScopedTransaction(const ScopedTransaction &) = delete;
@@ -69,6 +99,7 @@ public:
 private:
     DrinkStore &m_store;
     bool m_done = false;
+    bool m_nested = false;
 };
 
 // Removes a drink the way every part of the program does, in this order and in one

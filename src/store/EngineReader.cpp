@@ -12,8 +12,9 @@ EngineReader::EngineReader(DrinkStore &store, const QString &sql) : m_sql(sql)
     if (!m_db)
         throw StoreError(QStringLiteral("The store is not open."), m_sql);
     const QByteArray utf8 = sql.toUtf8();
-    if (sqlite3_prepare_v2(m_db, utf8.constData(), int(utf8.size()), &m_statement, nullptr) != SQLITE_OK)
-        throw StoreError(QString::fromUtf8(sqlite3_errmsg(m_db)), m_sql);
+    const int rc = sqlite3_prepare_v2(m_db, utf8.constData(), int(utf8.size()), &m_statement, nullptr);
+    if (rc != SQLITE_OK)
+        throw StoreError(DrinkStore::errorText(rc, QString::fromUtf8(sqlite3_errmsg(m_db))), m_sql);
 }
 
 EngineReader::~EngineReader() { sqlite3_finalize(m_statement); }
@@ -25,7 +26,7 @@ bool EngineReader::next()
         return true;
     if (rc == SQLITE_DONE)
         return false;
-    throw StoreError(QString::fromUtf8(sqlite3_errmsg(m_db)), m_sql);
+    throw StoreError(DrinkStore::errorText(rc, QString::fromUtf8(sqlite3_errmsg(m_db))), m_sql);
 }
 
 bool EngineReader::isNull(int column) const { return sqlite3_column_type(m_statement, column) == SQLITE_NULL; }

@@ -52,7 +52,9 @@ private slots:
     void emptyNames();
     void writeErrors_data();
     void writeErrors();
-    void writeLeavesUnreadableFileAlone();
+    void saveKeepsEveryOtherLine_data();
+    void saveKeepsEveryOtherLine();
+    void unreadableFileIsNeverWritten();
 };
 
 void tst_CLocalConfig::missingFileGivesDefaultAndCreatesNothing()
@@ -134,8 +136,6 @@ void tst_CLocalConfig::readErrors_data()
                                 << quint32(0x800407D0) << "Registry data not a string";
     QTest::newRow("rectangle") << QByteArray("[Corvane]\nSettings\\Key=@Rect(1 2 3 4)\n")
                                << quint32(0x800407D0) << "Registry data not a string";
-    QTest::newRow("unparseable") << QByteArray("[Corvane]\nSettings\\Key=x\n[Broken\n") << quint32(0x800407DD)
-                                 << "Could not open registry section";
 }
 
 void tst_CLocalConfig::readErrors()
@@ -192,20 +192,16 @@ void tst_CLocalConfig::emptyNames()
 void tst_CLocalConfig::writeErrors_data()
 {
     QTest::addColumn<QString>("relativePath");
-    QTest::addColumn<bool>("readFails");
     // Tests run as root, where permission bits stop nothing; paths that cannot exist do.
-    QTest::newRow("directory missing") << "missing/settings.ini" << false;
-    QTest::newRow("parent is a file") << "plain.txt/settings.ini" << false;
-    QTest::newRow("settings path is a directory") << "folder" << true;
+    QTest::newRow("directory missing") << "missing/settings.ini";
+    QTest::newRow("parent is a file") << "plain.txt/settings.ini";
 }
 
 void tst_CLocalConfig::writeErrors()
 {
     QFETCH(QString, relativePath);
-    QFETCH(bool, readFails);
     QTemporaryDir dir;
     writeFile(dir.filePath(u"plain.txt"_s), "x");
-    QVERIFY(QDir(dir.path()).mkdir(u"folder"_s));
     const CLocalConfig config(dir.filePath(relativePath));
 
     const auto error = errorOf([&] { config.Save(u"Settings"_s, u"Key"_s, u"v"_s); });
@@ -213,26 +209,68 @@ void tst_CLocalConfig::writeErrors()
     QCOMPARE(error->number(), quint32(0x800407D5));
     QCOMPARE(error->text(), u"Could not open/create registry section"_s);
     QVERIFY(!QFileInfo::exists(dir.filePath(u"missing"_s)));
-
-    const auto readError = errorOf([&] { config.Load(u"Settings"_s, u"Key"_s, QString()); });
-    QCOMPARE(bool(readError), readFails);
-    if (readError) {
-        QCOMPARE(readError->number(), quint32(0x800407D5));
-        QCOMPARE(readError->text(), u"Could not open registry section"_s);
-    }
+    QCOMPARE(config.Load(u"Settings"_s, u"Key"_s, u"default"_s), u"default"_s);
 }
 
-// Writing through QSettings would drop the part of the file it could not parse.
-void tst_CLocalConfig::writeLeavesUnreadableFileAlone()
+// A save changes its own line and keeps every other line as it stood, whatever the reader
+// makes of them; a file with lines that are no settings is also copied once to ".bad".
+void tst_CLocalConfig::saveKeepsEveryOtherLine_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("expected");
+    QTest::addColumn<bool>("badCopy");
+    QTest::newRow("broken section") << QByteArray("[Corvane]\nSettings\\Key=x\n[Broken\nkept=1\n")
+                                    << QByteArray("[Corvane]\nSettings\\Key=y\n[Broken\nkept=1\n") << true;
+    QTest::newRow("garbage line, comment, CR LF")
+        << QByteArray("; mine\r\ngarbage line\r\n[Corvane]\r\nSettings\\Other=1\r\n\r\n[Later]\r\na=b\r\n")
+        << QByteArray("; mine\r\ngarbage line\r\n[Corvane]\r\nSettings\\Other=1\r\nSettings\\Key=y\r\n\r\n"
+                      "[Later]\r\na=b\r\n")
+        << true;
+    QTest::newRow("no section, no final line end") << QByteArray("# only a comment")
+                                                   << QByteArray("# only a comment\n[Corvane]\nSettings\\Key=y\n")
+                                                   << false;
+    QTest::newRow("binary bytes") << QByteArray("\x01\xff\xfe\n", 4)
+                                  << QByteArray("\x01\xff\xfe\n[Corvane]\nSettings\\Key=y\n") << true;
+}
+
+void tst_CLocalConfig::saveKeepsEveryOtherLine()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, expected);
+    QFETCH(bool, badCopy);
+    QTemporaryDir dir;
+    const QString file = dir.filePath(u"settings.ini"_s);
+    writeFile(file, content);
+    QStringList notices;
+    CLocalConfig::setNoticeHandler([&](const QString &text) { notices << text; });
+    const CLocalConfig config(file);
+    config.Save(u"Settings"_s, u"Key"_s, u"y"_s);
+    config.Save(u"Settings"_s, u"Key"_s, u"y"_s);
+    CLocalConfig::setNoticeHandler({});
+    QCOMPARE(readFile(file), expected);
+    QCOMPARE(config.Load(u"Settings"_s, u"Key"_s, QString()), u"y"_s);
+    QCOMPARE(readFile(file + u".bad"_s), badCopy ? content : QByteArray());
+    QCOMPARE(notices.size(), badCopy ? 1 : 0);
+}
+
+// A file that cannot be read is said once, reads as defaults, and keeps its bytes.
+void tst_CLocalConfig::unreadableFileIsNeverWritten()
 {
     QTemporaryDir dir;
     const QString file = dir.filePath(u"settings.ini"_s);
-    const QByteArray content("[Corvane]\nSettings\\Key=x\n[Broken\nkept=1\n");
+    const QByteArray content("[Corvane]\nSettings\\Key=mine\n");
     writeFile(file, content);
-    const auto error = errorOf([&] { CLocalConfig(file).Save(u"Settings"_s, u"Key"_s, u"y"_s); });
-    QVERIFY(error);
-    QCOMPARE(error->number(), quint32(0x800407DD));
-    QCOMPARE(error->text(), u"Could not open/create registry section"_s);
+    QVERIFY(QFile::setPermissions(file, QFileDevice::WriteOwner));
+    QStringList notices;
+    CLocalConfig::setNoticeHandler([&](const QString &text) { notices << text; });
+    const CLocalConfig config(file);
+    QCOMPARE(config.Load(u"Settings"_s, u"Key"_s, u"default"_s), u"default"_s);
+    config.Save(u"Settings"_s, u"Key"_s, u"other"_s);
+    QCOMPARE(config.Load(u"Settings"_s, u"Key"_s, u"default"_s), u"default"_s);
+    CLocalConfig::setNoticeHandler({});
+    QCOMPARE(notices.size(), 1);
+    QVERIFY(notices[0].contains(u"cannot be read"_s));
+    QVERIFY(QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::WriteOwner));
     QCOMPARE(readFile(file), content);
 }
 

@@ -3,11 +3,15 @@
 #include "shell/InstanceLink.h"
 
 #include <QElapsedTimer>
+#include <QLocalServer>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QThread>
 #include <QtTest>
+
+#include <csignal>
+#include <memory>
 
 class tst_HandOver : public QObject {
     Q_OBJECT
@@ -16,6 +20,10 @@ private slots:
     void noRunningCopy();
     void processesHandOver();
     void secondPlainStartRunsItsOwnCopy();
+    void silentCopyIsGivenUpOn();
+    void mailboxPassesToACopyStillRunning();
+    void terminationEndsAsExitDoes_data();
+    void terminationEndsAsExitDoes();
 
 private:
     static bool waitForMailbox(const QString &appDir, int ms);
@@ -35,7 +43,7 @@ void tst_HandOver::linkDeliversAndWaitsForHandling()
         handledCount.storeRelease(1);
     });
 
-    bool delivered = false;
+    InstanceLink::HandOver delivered = InstanceLink::NoRunningCopy;
     int handledWhenReturned = -1;
     QThread *sender = QThread::create([&] {
         delivered = InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"));
@@ -44,7 +52,7 @@ void tst_HandOver::linkDeliversAndWaitsForHandling()
     sender->start();
     QTRY_VERIFY_WITH_TIMEOUT(sender->isFinished(), 5000);
     delete sender;
-    QVERIFY(delivered);
+    QCOMPARE(delivered, InstanceLink::Handled);
     QCOMPARE(handled, QStringList{QStringLiteral("/ID=2")});
     QCOMPARE(handledWhenReturned, 1); // the sender came back only after the line was handled
 
@@ -56,7 +64,7 @@ void tst_HandOver::linkDeliversAndWaitsForHandling()
 void tst_HandOver::noRunningCopy()
 {
     QTemporaryDir dir;
-    QVERIFY(!InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"), 200));
+    QCOMPARE(InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"), 200), InstanceLink::NoRunningCopy);
     QVERIFY(InstanceLink::serverName(dir.path()) != InstanceLink::serverName(dir.path() + QStringLiteral("x")));
 }
 
@@ -120,6 +128,60 @@ void tst_HandOver::secondPlainStartRunsItsOwnCopy()
     copy.kill();
     plain.waitForFinished();
     copy.waitForFinished();
+}
+
+void tst_HandOver::silentCopyIsGivenUpOn()
+{
+    QTemporaryDir dir;
+    // A copy that holds the mailbox but hangs: it takes the connection and never answers.
+    QLocalServer hung;
+    QVERIFY(hung.listen(InstanceLink::serverName(dir.path())));
+    QCOMPARE(InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"), 1000, 300), InstanceLink::NoAnswer);
+}
+
+void tst_HandOver::mailboxPassesToACopyStillRunning()
+{
+    QTemporaryDir dir;
+    auto holder = std::make_unique<InstanceLink>();
+    QVERIFY(holder->listen(dir.path()));
+    InstanceLink waiting;
+    QVERIFY(!waiting.listen(dir.path()));
+    QStringList handled;
+    connect(&waiting, &InstanceLink::commandReceived, this, [&](const QString &line) { handled << line; });
+
+    holder.reset(); // the copy holding the mailbox ends
+    QTRY_VERIFY(waiting.isListening());
+    InstanceLink::HandOver result = InstanceLink::NoRunningCopy;
+    QThread *sender = QThread::create([&] { result = InstanceLink::handOver(dir.path(), QStringLiteral("/ID=7")); });
+    sender->start();
+    QTRY_VERIFY_WITH_TIMEOUT(sender->isFinished(), 5000);
+    delete sender;
+    QCOMPARE(result, InstanceLink::Handled);
+    QCOMPARE(handled, QStringList{QStringLiteral("/ID=7")});
+}
+
+void tst_HandOver::terminationEndsAsExitDoes_data()
+{
+    QTest::addColumn<int>("signalNumber");
+    QTest::newRow("SIGTERM, a logout") << int(SIGTERM);
+    QTest::newRow("SIGINT, Ctrl-C") << int(SIGINT);
+    QTest::newRow("SIGHUP, the terminal closed") << int(SIGHUP);
+}
+
+void tst_HandOver::terminationEndsAsExitDoes()
+{
+    QFETCH(int, signalNumber);
+    TestStore book(QString(), true);
+    QProcess copy;
+    startProgram(copy, {QStringLiteral("--appdir"), book.appDir()});
+    QVERIFY(copy.waitForStarted());
+    QVERIFY(waitForMailbox(book.appDir(), 15000));
+    ::kill(pid_t(copy.processId()), signalNumber);
+    QVERIFY(copy.waitForFinished(10000));
+    QCOMPARE(copy.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(copy.exitCode(), 0);
+    QVERIFY(!QFile::exists(book.storePath() + QStringLiteral("-journal")));
+    QVERIFY(!QFile::exists(book.storePath() + QStringLiteral("-wal")));
 }
 
 QTEST_GUILESS_MAIN(tst_HandOver)
