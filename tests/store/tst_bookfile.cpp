@@ -5,6 +5,7 @@
 #include "store/DrinkStore.h"
 #include "store/StoreBuilder.h"
 #include "store/StoreError.h"
+#include "store/StoreFunctions.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -69,6 +70,8 @@ Alone readAlone(const QString &book)
         sqlite3_close(db);
         return a;
     }
+    // The name order the book's indexes are kept in, as the shell has it with the extension loaded.
+    registerStoreFunctions(db);
     a.integrity = text(db, QStringLiteral("PRAGMA integrity_check"));
     a.valueA = text(db, QStringLiteral("SELECT Val FROM Constants WHERE Var = 'A'"));
     a.valueB = text(db, QStringLiteral("SELECT Val FROM Constants WHERE Var = 'B'"));
