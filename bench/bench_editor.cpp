@@ -69,7 +69,7 @@ Bench::Floor saveFloor(DrinkStore &setup, qint32 id)
 {
     const QString n = QString::number(id);
     Bench::Floor floor;
-    floor.statements << QStringLiteral("PRAGMA synchronous=NORMAL") << QStringLiteral("BEGIN IMMEDIATE")
+    floor.statements << QStringLiteral("PRAGMA synchronous=FULL") << QStringLiteral("BEGIN IMMEDIATE")
                      << QStringLiteral("CREATE TEMP TABLE r AS SELECT * FROM DrinkRel WHERE DrinkID = ") + n
                      << QStringLiteral("CREATE TEMP TABLE c AS SELECT * FROM DrinkTypeRel WHERE DrinkID = ") + n
                      << QStringLiteral("CREATE TEMP TABLE d AS SELECT * FROM Drinks WHERE id = ") + n;

@@ -13,11 +13,11 @@ void markCases(Bench::Registry &registry, const Bench::Store &store, DrinkStore 
 {
     const Bench::Store copy = Bench::scratchCopy(store);
     Bench::Floor floor;
-    floor.statements = {QStringLiteral("PRAGMA synchronous=NORMAL"), QStringLiteral("BEGIN"),
+    floor.statements = {QStringLiteral("PRAGMA synchronous=FULL"), QStringLiteral("BEGIN"),
                         QStringLiteral("UPDATE Drinks SET Marked = 1 - Marked WHERE id IN (SELECT id FROM Drinks)"),
                         QStringLiteral("COMMIT")};
     floor.note = QStringLiteral("one statement over the table, where the program writes the ids of the list on "
-                                "screen; synchronous=NORMAL, as the program's connection writes");
+                                "screen; synchronous=FULL, as the program's connection writes");
     registry.add(
         "marks.all", QStringLiteral("Mark All in Current List, View All"), copy,
         [path = copy.path](benchmark::State &state) {

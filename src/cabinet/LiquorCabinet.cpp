@@ -1,6 +1,7 @@
 #include "cabinet/LiquorCabinet.h"
 
 #include "store/DrinkStore.h"
+#include "store/DrinkFlags.h"
 #include "store/EngineReader.h"
 #include "store/StoreError.h"
 
@@ -39,28 +40,6 @@ void checkParents(std::vector<Node> &nodes, Node::Level level)
         if (nodes[i].level == level)
             nodes[i].checked = childCount[i] > 0 && checkedCount[i] == childCount[i];
     }
-}
-
-// Sets LiqCab on many drinks per statement: a cabinet that makes most of a large book must not
-// cost one statement per drink. Asks the progress after each statement; false when stopped.
-bool storeMarks(DrinkStore &store, const std::vector<qint32> &ids, int value, const std::function<bool()> &stop)
-{
-    constexpr std::size_t kChunk = 500;
-    for (std::size_t start = 0; start < ids.size(); start += kChunk) {
-        const std::size_t end = std::min(ids.size(), start + kChunk);
-        QString sql = QStringLiteral("UPDATE Drinks SET LiqCab = %1 WHERE id IN (").arg(value);
-        for (std::size_t i = start; i < end; ++i) {
-            if (i > start)
-                sql += u',';
-            sql += QString::number(ids[i]);
-        }
-        sql += u')';
-        QSqlQuery q = store.prepare(sql);
-        store.exec(q);
-        if (stop())
-            return false;
-    }
-    return true;
 }
 
 } // namespace
@@ -215,7 +194,9 @@ ScanOutcome ScanForMatches(DrinkStore &store, const std::vector<qint32> &sortedS
     }
     // A large book takes a while to write: the progress stays on screen and Cancel answers.
     const auto stop = [&] { return !stopped && progress && progress(counter, outcome.total); };
-    if (!storeMarks(store, clear, 0, stop) || !storeMarks(store, mark, 1, stop)) {
+    const auto keepGoing = [&](std::size_t) { return !stop(); };
+    if (!setDrinkFlag(store, QStringLiteral("LiqCab"), 0, clear, keepGoing) ||
+        !setDrinkFlag(store, QStringLiteral("LiqCab"), 1, mark, keepGoing)) {
         outcome = ScanOutcome();
         outcome.undone = true;
         return outcome; // the transaction rolls back on the way out
