@@ -5,6 +5,8 @@
 #include "reference/frmIngMaint.h"
 #include "store/DrinkStore.h"
 
+#include "ScreenTime.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QPushButton>
@@ -13,23 +15,6 @@
 #include <functional>
 #include <vector>
 
-namespace {
-
-double medianMs(int runs, const std::function<void(int)> &step)
-{
-    std::vector<double> ms;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer t;
-        t.start();
-        step(i);
-        QApplication::processEvents(); // the dialog paints its first screen
-        ms.push_back(t.nsecsElapsed() / 1e6);
-    }
-    std::sort(ms.begin(), ms.end());
-    return ms[ms.size() / 2];
-}
-
-} // namespace
 
 int main(int argc, char **argv)
 {
@@ -45,7 +30,7 @@ int main(int argc, char **argv)
     constexpr int Runs = 15;
     auto idOf = [&](int i) { return 1 + (i * 7919) % std::max(1, drinks); };
 
-    const double open = medianMs(Runs, [&](int i) {
+    const double open = medianScreenMs(Runs, [&](int i) {
         frmAddEdit dlg(store, appDir);
         dlg.Setup(true, false, idOf(i));
         dlg.show();
@@ -56,8 +41,8 @@ int main(int argc, char **argv)
         editors.push_back(std::make_unique<frmAddEdit>(store, appDir));
         editors.back()->Setup(true, false, idOf(i));
     }
-    const double save = medianMs(Runs, [&](int i) { editors[std::size_t(i)]->cmdSave_Click(); });
-    const double grid = medianMs(5, [&](int) {
+    const double save = medianScreenMs(Runs, [&](int i) { editors[std::size_t(i)]->cmdSave_Click(); });
+    const double grid = medianScreenMs(5, [&](int) {
         frmIngMaint dlg(store);
         dlg.show();
         QApplication::processEvents();

@@ -6,6 +6,8 @@
 #include "shell/ListController.h"
 #include "shell/frmMain.h"
 
+#include "ScreenTime.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -18,23 +20,6 @@
 #include <functional>
 #include <vector>
 
-namespace {
-
-double medianMs(int runs, const std::function<void()> &step)
-{
-    std::vector<double> ms;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer t;
-        t.start();
-        step();
-        QApplication::processEvents(); // the grid paints its first screen
-        ms.push_back(t.nsecsElapsed() / 1e6);
-    }
-    std::sort(ms.begin(), ms.end());
-    return ms[ms.size() / 2];
-}
-
-} // namespace
 
 int main(int argc, char **argv)
 {
@@ -53,22 +38,22 @@ int main(int argc, char **argv)
     auto *timer = w.findChild<QTimer *>(QStringLiteral("timerQS"));
     const int runs = 7;
 
-    const double all = medianMs(runs, [&] { w.RunCommand(207); });
+    const double all = medianScreenMs(runs, [&](int) { w.RunCommand(207); });
     const int rows = w.listModel()->rowCount();
     quick->setText(QStringLiteral("S"));
     timer->stop();
     // Measured from the moment the 250 ms delay has passed.
-    const double quickS = medianMs(runs, [&] { QMetaObject::invokeMethod(timer, "timeout"); });
+    const double quickS = medianScreenMs(runs, [&](int) { QMetaObject::invokeMethod(timer, "timeout"); });
     const int quickRows = w.listModel()->rowCount();
     w.RunCommand(201);
     auto *tabS = w.findChild<QLabel *>(QStringLiteral("pnlListSet19"));
-    const double tab = medianMs(runs, [&] {
+    const double tab = medianScreenMs(runs, [&](int) {
         QMouseEvent press(QEvent::MouseButtonPress, QPointF(2, 2), QPointF(2, 2), QPointF(2, 2), Qt::LeftButton,
                           Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(tabS, &press);
     });
     const int tabRows = w.listModel()->rowCount();
-    const double scroll = medianMs(runs, [&] {
+    const double scroll = medianScreenMs(runs, [&](int) {
         auto *grid = w.list()->grid();
         grid->scrollToBottom();
         QApplication::processEvents();
@@ -77,7 +62,7 @@ int main(int argc, char **argv)
     // The next row to its page shown (template, glass picture, page file, page view).
     w.RunCommand(207);
     int row = 0;
-    const double next = medianMs(runs, [&] {
+    const double next = medianScreenMs(runs, [&](int) {
         auto *grid = w.list()->grid();
         grid->setCurrentIndex(w.listModel()->index(++row, 0));
     });
