@@ -45,6 +45,14 @@ QString native(const QString &jetSql)
     return jetToSqlite(jetSql);
 }
 
+std::vector<qint32> sampleIds(const Store &store, int count)
+{
+    std::vector<qint32> ids;
+    for (int k = 0; k < count; ++k)
+        ids.push_back(1 + static_cast<qint32>(static_cast<qint64>(k) * store.drinks / count));
+    return ids;
+}
+
 Store scratchCopy(const Store &store)
 {
     static std::map<QString, Store> copies;

@@ -58,6 +58,9 @@ struct Area {
 };
 std::vector<AreaFunction> areasByRank();
 
+// `count` drink ids spread evenly over the generated store, for cases that go round its drinks.
+std::vector<qint32> sampleIds(const Store &store, int count);
+
 // A statement written in the old dialect, as the engine receives it.
 QString native(const QString &jetSql);
 

@@ -19,13 +19,6 @@ namespace {
 constexpr int SampleSize = 32;
 constexpr int GridIngredients = 10000;
 
-std::vector<qint32> sampleIds(const Bench::Store &store)
-{
-    std::vector<qint32> ids;
-    for (int k = 0; k < SampleSize; ++k)
-        ids.push_back(1 + static_cast<qint32>(static_cast<qint64>(k) * store.drinks / SampleSize));
-    return ids;
-}
 
 // The editor's state for a stored drink, as its controls would hand it to the save.
 DrinkDraft draftOf(DrinkStore &db, qint32 id)
@@ -114,7 +107,7 @@ QString storeWithManyIngredients(const Bench::Store &store)
 
 void editorCases(Bench::Registry &registry, const Bench::Store &store, DrinkStore &setup)
 {
-    const std::vector<qint32> ids = sampleIds(store);
+    const std::vector<qint32> ids = Bench::sampleIds(store, SampleSize);
     registry.add(
         "editor.open", QStringLiteral("Drink editor, a drink read into its lines and price breakdown"), store,
         [path = store.path, ids](benchmark::State &state) {

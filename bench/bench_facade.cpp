@@ -11,13 +11,6 @@ namespace {
 
 constexpr int SampleSize = 64;
 
-std::vector<qint32> sampleIds(const Bench::Store &store)
-{
-    std::vector<qint32> ids;
-    for (int k = 0; k < SampleSize; ++k)
-        ids.push_back(1 + static_cast<qint32>(static_cast<qint64>(k) * store.drinks / SampleSize));
-    return ids;
-}
 
 // What the engine runs for the plain text of these drinks: the drink, its lines, its glass,
 // its categories, its build and garnish.
@@ -51,7 +44,7 @@ Bench::Floor plainTextFloor(DrinkStore &setup, const std::vector<qint32> &ids)
 
 void facadeCases(Bench::Registry &registry, const Bench::Store &store, DrinkStore &setup)
 {
-    const std::vector<qint32> ids = sampleIds(store);
+    const std::vector<qint32> ids = Bench::sampleIds(store, SampleSize);
     registry.add(
         "facade.drinkAsPlainText", QStringLiteral("drinkAsPlainText, one drink"), store,
         [store, ids](benchmark::State &state) {
