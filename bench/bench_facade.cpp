@@ -11,7 +11,6 @@ namespace {
 
 constexpr int SampleSize = 64;
 
-
 // What the engine runs for the plain text of these drinks: the drink, its lines, its glass,
 // its categories, its build and garnish.
 Bench::Floor plainTextFloor(DrinkStore &setup, const std::vector<qint32> &ids)
