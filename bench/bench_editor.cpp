@@ -19,7 +19,6 @@ namespace {
 constexpr int SampleSize = 32;
 constexpr int GridIngredients = 10000;
 
-
 // The editor's state for a stored drink, as its controls would hand it to the save.
 DrinkDraft draftOf(DrinkStore &db, qint32 id)
 {
