@@ -45,31 +45,22 @@ QString dump(DrinkStore &store)
     return out;
 }
 
-// The editor's state after it loaded a stored drink, with its lists as the dialog fills them.
+// The editor's state after it loaded a stored drink of these rows, with its lists as the dialog
+// fills them.
 DrinkDraft draftOf(DrinkStore &store, qint32 id)
 {
     const StoredDrink s = LoadStoredDrink(store, id);
-    DrinkDraft d;
-    d.drinkId = id;
-    d.name = s.name;
-    d.recipe = s.recipe;
-    d.comments = s.comments;
-    d.glassId = s.glassId;
-    d.priceText = s.priceText;
-    d.costText = s.costText;
-    d.garnish.entries = {{QStringLiteral("Lemon Twist"), 2}, {QStringLiteral("Olive"), 1}};
-    d.build.entries = {{QStringLiteral("Stirred"), 1}};
-    d.rating.entries = {{QStringLiteral("Good"), 1}};
-    for (int i = 0; i < d.garnish.entries.size(); ++i)
-        if (s.garnishId && d.garnish.entries[i].second == *s.garnishId)
-            d.garnish.selected = i;
-    d.build.selected = s.buildId == 1 ? 0 : -1;
-    d.lockPrice = s.lockPrice;
-    d.loadedImagePath = s.imagePath;
-    d.imagePathText = s.imagePath.size() == 6 ? InternalImageText : s.imagePath;
-    d.lines = s.lines;
-    d.categoryIds = s.categoryIds;
-    return d;
+    return {.drinkId = id, .name = s.name, .recipe = s.recipe, .comments = s.comments, .glassId = s.glassId,
+            .priceText = s.priceText, .costText = s.costText,
+            .garnish = {{}, {{QStringLiteral("Lemon Twist"), 2}, {QStringLiteral("Olive"), 1}},
+                        s.garnishId == 1 ? 1 : -1},
+            .build = {{}, {{QStringLiteral("Stirred"), 1}}, s.buildId == 1 ? 0 : -1},
+            .rating = {{}, {{QStringLiteral("Good"), 1}}, -1},
+            .lockPrice = s.lockPrice,
+            .imagePathText = s.imagePath.size() == 6 ? InternalImageText : s.imagePath,
+            .loadedImagePath = s.imagePath,
+            .lines = s.lines,
+            .categoryIds = s.categoryIds};
 }
 
 QVariant value(DrinkStore &store, const QString &sql) { return store.scalar(sql); }
