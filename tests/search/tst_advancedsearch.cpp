@@ -117,6 +117,12 @@ void tst_AdvancedSearch::results_data()
         << criteria({{"Name", kContains, "", ""}}) << QList<int>{1, 2, 3, 4, 5, 6, 7, 8, 9};
     QTest::newRow("name starts, or the whole recipe")
         << criteria({{"Name", kStarts, "g", "Or"}, {"Recipe", kEq, "Build.", ""}}) << QList<int>{1, 2, 9};
+    QTest::newRow("name less, case-blind") << criteria({{"Name", kLt, "gin", ""}}) << QList<int>{2};
+    QTest::newRow("name ends") << criteria({{"Name", kEnds, "tonic", ""}}) << QList<int>{1, 5};
+    QTest::newRow("recipe contains") << criteria({{"Recipe", kContains, "lime", ""}}) << QList<int>{2, 4, 6};
+    QTest::newRow("price equal") << criteria({{"Price", kEq, "3.50", ""}}) << QList<int>{3};
+    QTest::newRow("cost, comment") << criteria({{"Cost", kLt, "1", "And"}, {"Comment", kEq, "Dry", ""}}) << QList<int>{3};
+    QTest::newRow("price with an exponent") << criteria({{"Price", kGt, "4.5e0", ""}}) << QList<int>{2, 4, 9};
     QTest::newRow("name greater, case-blind")
         << criteria({{"Glassware", kEq, "1", "And"}, {"Name", kGt, "sloe", ""}}) << QList<int>{5, 8};
     QTest::newRow("greater needs one ingredient above and one below")

@@ -1,5 +1,4 @@
-// The advanced search's criterion fragments, word for word, and the drinks the simple
-// searches bring back.
+// The drinks the simple searches bring back, and typed text in every search that takes it.
 #include "SearchBook.h"
 #include "TestStore.h"
 #include "presentation/ListSql.h"
@@ -10,43 +9,11 @@
 class tst_SearchSql : public QObject {
     Q_OBJECT
   private slots:
-    void fragments_data();
-    void fragments();
     void results_data();
     void results();
     void typedText_data();
     void typedText();
 };
-
-void tst_SearchSql::fragments_data()
-{
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("comparison");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("fragment");
-    // Rows whose drinks the advanced search and its dialog already bring back on a store are
-    // not repeated.
-    QTest::newRow("Comment =") << "Comment" << kEq << "v" << "(C.Comments = \"v\")";
-    QTest::newRow("Name <") << "Name" << kLt << "v" << "(C.Name < \"v\")";
-    QTest::newRow("Name ends") << "Name" << kEnds << "v" << "(C.Name LIKE \"*v\")";
-    QTest::newRow("Recipe contains") << "Recipe" << kContains << "v" << "(C.Description LIKE \"*v*\")";
-    QTest::newRow("Price =") << "Price" << kEq << "3.50" << "(C.Price = 3.50)";
-    QTest::newRow("Cost <") << "Cost" << kLt << "-1.5e1" << "(C.Cost < -1.5e1)";
-    QTest::newRow("Ingredient has no column") << "Ingredient" << kContains << "gin" << "";
-}
-
-void tst_SearchSql::fragments()
-{
-    QFETCH(QString, field);
-    QFETCH(QString, comparison);
-    QFETCH(QString, value);
-    QFETCH(QString, fragment);
-    const QString typed = value;
-    QCOMPARE(GetSQLForField(field, ComparisonOperator(comparison), value, comparison), fragment);
-    // The value comes back as the fragment holds it; untouched when there is no fragment.
-    const qsizetype at = fragment.indexOf(u' ', fragment.indexOf(u' ') + 1) + 1;
-    QCOMPARE(value, fragment.isEmpty() ? typed : fragment.sliced(at).chopped(1));
-}
 
 void tst_SearchSql::results_data()
 {
