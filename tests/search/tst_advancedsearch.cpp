@@ -121,7 +121,8 @@ void tst_AdvancedSearch::results_data()
     QTest::newRow("name ends") << criteria({{"Name", kEnds, "tonic", ""}}) << QList<int>{1, 5};
     QTest::newRow("recipe contains") << criteria({{"Recipe", kContains, "lime", ""}}) << QList<int>{2, 4, 6};
     QTest::newRow("price equal") << criteria({{"Price", kEq, "3.50", ""}}) << QList<int>{3};
-    QTest::newRow("cost, comment") << criteria({{"Cost", kLt, "1", "And"}, {"Comment", kEq, "Dry", ""}}) << QList<int>{3};
+    QTest::newRow("cost and comment")
+        << criteria({{"Cost", kLt, "1", "And"}, {"Comment", kEq, "Dry", ""}}) << QList<int>{3};
     QTest::newRow("price with an exponent") << criteria({{"Price", kGt, "4.5e0", ""}}) << QList<int>{2, 4, 9};
     QTest::newRow("name greater, case-blind")
         << criteria({{"Glassware", kEq, "1", "And"}, {"Name", kGt, "sloe", ""}}) << QList<int>{5, 8};
