@@ -1,5 +1,6 @@
 // The drink editor driven through the main window as a user works with it: add a drink with
 // four lines, price it, save, find it in the list and on the page; edit and cancel; copy.
+#include "GuiTest.h"
 #include "TestStore.h"
 #include "base/AppPaths.h"
 #include "base/modCorvane.h"
@@ -57,16 +58,10 @@ void tst_FrmAddEdit::runWithDialog(frmMain &w, int command, const std::function<
 
 QString tst_FrmAddEdit::clickAndAnswer(QAbstractButton *button)
 {
-    QString text;
-    QTimer::singleShot(0, this, [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (box) {
-            text = box->text();
-            box->accept();
-        }
-    });
+    QString seen;
+    answerNextMessage(this, &seen);
     button->click();
-    return text;
+    return seen.section(u'|', 1);
 }
 
 void tst_FrmAddEdit::addPriceSaveEditCopy()
@@ -84,23 +79,23 @@ void tst_FrmAddEdit::addPriceSaveEditCopy()
 
     runWithDialog(w, 101, [&](frmAddEdit *dlg) {
         QCOMPARE(dlg->windowTitle(), QStringLiteral("Add"));
-        auto *txtName = dlg->findChild<QLineEdit *>(QStringLiteral("txtName"));
-        auto *tvIng = dlg->findChild<QTreeWidget *>(QStringLiteral("tvIng"));
-        auto *txtIngName = dlg->findChild<QLineEdit *>(QStringLiteral("txtIngName"));
-        auto *cmbIngUnits = dlg->findChild<QComboBox *>(QStringLiteral("cmbIngUnits"));
-        auto *txtAmount = dlg->findChild<QLineEdit *>(QStringLiteral("txtAmount"));
-        auto *cmdAddIng = dlg->findChild<QPushButton *>(QStringLiteral("cmdAddIng"));
-        auto *cmdSave = dlg->findChild<QPushButton *>(QStringLiteral("cmdSave"));
-        auto *cfIng = dlg->findChild<QTableView *>(QStringLiteral("cfIng"));
+        auto *txtName = child<QLineEdit>(dlg, "txtName");
+        auto *tvIng = child<QTreeWidget>(dlg, "tvIng");
+        auto *txtIngName = child<QLineEdit>(dlg, "txtIngName");
+        auto *cmbIngUnits = child<QComboBox>(dlg, "cmbIngUnits");
+        auto *txtAmount = child<QLineEdit>(dlg, "txtAmount");
+        auto *cmdAddIng = child<QPushButton>(dlg, "cmdAddIng");
+        auto *cmdSave = child<QPushButton>(dlg, "cmdSave");
+        auto *cfIng = child<QTableView>(dlg, "cfIng");
         txtName->setText(name);
         QCOMPARE(clickAndAnswer(cmdSave), QStringLiteral("There must be at least one ingredient selected."));
         QCOMPARE(dlg->GetCurrentPage(), 0);
 
         // Pages turn round in both directions.
         dlg->ShowPage(5);
-        dlg->findChild<QPushButton *>(QStringLiteral("cmdNext"))->click();
+        child<QPushButton>(dlg, "cmdNext")->click();
         QCOMPARE(dlg->GetCurrentPage(), 0);
-        dlg->findChild<QPushButton *>(QStringLiteral("cmdPrev"))->click();
+        child<QPushButton>(dlg, "cmdPrev")->click();
         QCOMPARE(dlg->GetCurrentPage(), 5);
         dlg->ShowPage(0);
 
@@ -135,35 +130,28 @@ void tst_FrmAddEdit::addPriceSaveEditCopy()
         QCOMPARE(s.scalar(QStringLiteral("SELECT COUNT(*) FROM Ingredients")).toInt(), ingredientsBefore);
 
         dlg->ShowPage(4);
-        dlg->findChild<QPushButton *>(QStringLiteral("cmdResetCost"))->click();
-        QCOMPARE(dlg->findChild<QLineEdit *>(QStringLiteral("txtCost"))->text(), QStringLiteral("$2.23"));
-        dlg->findChild<QPushButton *>(QStringLiteral("cmdResetPrice"))->click();
-        QCOMPARE(dlg->findChild<QLineEdit *>(QStringLiteral("txtPrice"))->text(), QStringLiteral("$9.00"));
-        auto *cfPrice = dlg->findChild<QTableView *>(QStringLiteral("cfPrice"));
-        QCOMPARE(cfPrice->model()->index(0, 6).data().toString(), QStringLiteral("88.24%"));
+        child<QPushButton>(dlg, "cmdResetCost")->click();
+        QCOMPARE(child<QLineEdit>(dlg, "txtCost")->text(), QStringLiteral("$2.23"));
+        child<QPushButton>(dlg, "cmdResetPrice")->click();
+        QCOMPARE(child<QLineEdit>(dlg, "txtPrice")->text(), QStringLiteral("$9.00"));
+        QCOMPARE(child<QTableView>(dlg, "cfPrice")->model()->index(0, 6).data().toString(), QStringLiteral("88.24%"));
 
-        auto *lstGlass = dlg->findChild<QListWidget *>(QStringLiteral("lstGlass"));
-        lstGlass->setCurrentRow(0);
-        auto *lstCats = dlg->findChild<QListWidget *>(QStringLiteral("lstCats"));
-        lstCats->item(1)->setCheckState(Qt::Checked);
-        dlg->findChild<QLineEdit *>(QStringLiteral("txtNewGarnish"))->setText(QStringLiteral("Orange “Coin”"));
+        child<QListWidget>(dlg, "lstGlass")->setCurrentRow(0);
+        child<QListWidget>(dlg, "lstCats")->item(1)->setCheckState(Qt::Checked);
+        child<QLineEdit>(dlg, "txtNewGarnish")->setText(QStringLiteral("Orange “Coin”"));
         cmdSave->click();
         QVERIFY(!dlg->isVisible());
     });
 
-    QCOMPARE(s.scalar(QStringLiteral("SELECT Name FROM Drinks WHERE id = %1").arg(newId)).toString(), name);
-    QCOMPARE(s.scalar(QStringLiteral("SELECT Price FROM Drinks WHERE id = %1").arg(newId)).toDouble(), 9.0);
-    QCOMPARE(s.scalar(QStringLiteral("SELECT COUNT(*) FROM DrinkRel WHERE DrinkID = %1").arg(newId)).toInt(), 4);
+    // Stored as typed, its lines in their order, one new ingredient and the new garnish.
+    const auto stored = [&](const char *sql) { return s.scalar(QString::fromLatin1(sql).arg(newId)).toString(); };
+    QCOMPARE(stored("SELECT D.Name || printf('|%.2f|', D.Price) || G.Name FROM Drinks D, Garnish G "
+                    "WHERE D.GarnishID = G.id AND D.id = %1"),
+             name + QStringLiteral("|9.00|Orange “Coin”"));
+    QCOMPARE(stored("SELECT group_concat(Ingredient, '|') FROM (SELECT I.Ingredient FROM DrinkRel R, Ingredients I "
+                    "WHERE R.IngID = I.id AND R.DrinkID = %1 ORDER BY R.seq)"),
+             QStringLiteral("London Dry Gin|Lime Juice|") + newIngredient + QStringLiteral("|Club Soda"));
     QCOMPARE(s.scalar(QStringLiteral("SELECT COUNT(*) FROM Ingredients")).toInt(), ingredientsBefore + 1);
-    QCOMPARE(s.scalar(QStringLiteral("SELECT I.Ingredient FROM DrinkRel R, Ingredients I WHERE R.IngID = I.id "
-                                     "AND R.DrinkID = %1 AND R.seq = 3")
-                          .arg(newId))
-                 .toString(),
-             newIngredient);
-    QCOMPARE(s.scalar(QStringLiteral("SELECT G.Name FROM Drinks D, Garnish G WHERE D.GarnishID = G.id AND D.id = %1")
-                          .arg(newId))
-                 .toString(),
-             QStringLiteral("Orange “Coin”"));
     // The list stands on the new drink, and the page shows it.
     QCOMPARE(w.listModel()->idAt(w.list()->selectedRow()), newId);
     QTRY_VERIFY(w.findChild<QTextBrowser *>()->toPlainText().contains(QStringLiteral("Crème \"Nouvelle\" O'Hara")));
@@ -172,28 +160,26 @@ void tst_FrmAddEdit::addPriceSaveEditCopy()
     const QString pricesBefore = s.scalar(QStringLiteral("SELECT group_concat(Price) FROM Drinks")).toString();
     runWithDialog(w, 102, [&](frmAddEdit *dlg) {
         QCOMPARE(dlg->windowTitle(), QStringLiteral("Edit"));
-        QCOMPARE(dlg->findChild<QLineEdit *>(QStringLiteral("txtName"))->text(), name);
-        QCOMPARE(dlg->findChild<QTableView *>(QStringLiteral("cfIng"))->model()->rowCount(), 4);
-        QVERIFY(dlg->findChild<QListWidget *>(QStringLiteral("lstCats"))->item(1)->checkState() == Qt::Checked);
-        dlg->findChild<QLineEdit *>(QStringLiteral("txtPrice"))->setText(QStringLiteral("$1.00"));
-        dlg->findChild<QPushButton *>(QStringLiteral("cmdRemoveIng"))->click();
-        dlg->findChild<QPushButton *>(QStringLiteral("cmdCancel"))->click();
+        QCOMPARE(child<QLineEdit>(dlg, "txtName")->text(), name);
+        QCOMPARE(child<QTableView>(dlg, "cfIng")->model()->rowCount(), 4);
+        QVERIFY(child<QListWidget>(dlg, "lstCats")->item(1)->checkState() == Qt::Checked);
+        child<QLineEdit>(dlg, "txtPrice")->setText(QStringLiteral("$1.00"));
+        child<QPushButton>(dlg, "cmdRemoveIng")->click();
+        child<QPushButton>(dlg, "cmdCancel")->click();
     });
     QCOMPARE(s.scalar(QStringLiteral("SELECT group_concat(Price) FROM Drinks")).toString(), pricesBefore);
-    QCOMPARE(s.scalar(QStringLiteral("SELECT COUNT(*) FROM DrinkRel WHERE DrinkID = %1").arg(newId)).toInt(), 4);
+    QCOMPARE(stored("SELECT COUNT(*) FROM DrinkRel WHERE DrinkID = %1"), QStringLiteral("4"));
 
     // Copy: refused under the same name, saved under a new one with a new id.
     runWithDialog(w, 103, [&](frmAddEdit *dlg) {
-        auto *cmdSave = dlg->findChild<QPushButton *>(QStringLiteral("cmdSave"));
+        auto *cmdSave = child<QPushButton>(dlg, "cmdSave");
         QCOMPARE(clickAndAnswer(cmdSave), QStringLiteral("This drink is a copy of \"") + name +
                                               QStringLiteral("\".  The name must be changed before it can be saved."));
-        dlg->findChild<QLineEdit *>(QStringLiteral("txtName"))->setText(QStringLiteral("Second Nouvelle"));
+        child<QLineEdit>(dlg, "txtName")->setText(QStringLiteral("Second Nouvelle"));
         cmdSave->click();
     });
     const qint32 copyId = s.scalar(QStringLiteral("SELECT id FROM Drinks WHERE Name = 'Second Nouvelle'")).toInt();
     QCOMPARE(copyId, newId + 1);
-    QCOMPARE(s.scalar(QStringLiteral("SELECT COUNT(*) FROM DrinkRel WHERE DrinkID = %1").arg(copyId)).toInt(), 4);
-    QCOMPARE(s.scalar(QStringLiteral("SELECT Name FROM Drinks WHERE id = %1").arg(newId)).toString(), name);
     QCOMPARE(w.listModel()->idAt(w.list()->selectedRow()), copyId);
 }
 
@@ -220,10 +206,10 @@ void tst_FrmAddEdit::linesMoveAndRemove()
     TestStore t(QString::fromUtf8(kSmallBook));
     frmAddEdit dlg(t.store(), t.appDir());
     dlg.Setup(true, false, 1);
-    auto *cfIng = dlg.findChild<QTableView *>(QStringLiteral("cfIng"));
+    auto *cfIng = child<QTableView>(&dlg, "cfIng");
     auto *lines = cfIng->model();
-    auto *prices = dlg.findChild<QTableView *>(QStringLiteral("cfPrice"))->model();
-    auto click = [&](const char *name) { dlg.findChild<QPushButton *>(QString::fromLatin1(name))->click(); };
+    auto *prices = child<QTableView>(&dlg, "cfPrice")->model();
+    auto click = [&](const char *name) { child<QPushButton>(&dlg, name)->click(); };
     // The stored cost is the base of the shares until the cost is worked out again.
     QCOMPARE(column(prices, 6), (QStringList{"83.94%", "11.80%", "6.65%"}));
     cfIng->selectRow(0);
@@ -241,15 +227,15 @@ void tst_FrmAddEdit::linesMoveAndRemove()
     // The breakdown keeps the removed line until it is worked out again.
     QCOMPARE(prices->rowCount(), 3);
     click("cmdResetCost");
-    QCOMPARE(dlg.findChild<QLineEdit *>(QStringLiteral("txtCost"))->text(), QStringLiteral("$1.54"));
+    QCOMPARE(child<QLineEdit>(&dlg, "txtCost")->text(), QStringLiteral("$1.54"));
     QCOMPARE(prices->rowCount(), 2);
     click("cmdResetCost");
-    QCOMPARE(dlg.findChild<QLineEdit *>(QStringLiteral("txtCost"))->text(), QStringLiteral("$1.44"));
+    QCOMPARE(child<QLineEdit>(&dlg, "txtCost")->text(), QStringLiteral("$1.44"));
     cfIng->selectRow(0);
     click("cmdRemoveIng");
     click("cmdRemoveIng");
     QCOMPARE(lines->rowCount(), 0);
-    QVERIFY(!dlg.findChild<QPushButton *>(QStringLiteral("cmdRemoveIng"))->isEnabled());
+    QVERIFY(!child<QPushButton>(&dlg, "cmdRemoveIng")->isEnabled());
 }
 
 void tst_FrmAddEdit::tabsFollowTheScheme()
@@ -261,7 +247,7 @@ void tst_FrmAddEdit::tabsFollowTheScheme()
     modCorvane::state().schemeTextColor = 0xF7F1EE;
     frmAddEdit dlg(t.store(), t.appDir());
     QCOMPARE(dlg.GetCurrentPage(), 0);
-    auto *tab = dlg.findChild<QWidget *>(QStringLiteral("pnlOpt3"));
+    auto *tab = child<QWidget>(&dlg, "pnlOpt3");
     QCOMPARE(tab->palette().color(QPalette::Window), QColor(0x0D, 0x10, 0x14));
     dlg.ShowPage(3);
     QCOMPARE(dlg.GetCurrentPage(), 3);

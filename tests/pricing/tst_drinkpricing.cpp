@@ -41,12 +41,10 @@ void tst_DrinkPricing::resetPrice_data()
     QTest::addColumn<QString>("expected");
 
     const int P = DrinkPriceOutcome::Priced, D = DrinkPriceOutcome::Declined, F = DrinkPriceOutcome::Failed;
+    // The steps themselves and the methods' arithmetic are the price rules' own cases; here only
+    // how the editor's texts and stored settings reach them.
     QTest::newRow("300% on 1.03, quarter") << "Cost" << "300" << 2 << "" << money(10300) << "" << false << P
                                            << money(42500);
-    QTest::newRow("0.25: lands on 3.25") << "Cost" << "100" << 2 << "" << "1.625" << "" << false << P << money(32500);
-    QTest::newRow("0.25: 3.26 up to 3.50") << "Cost" << "100" << 2 << "" << "1.63" << "" << false << P
-                                           << money(35000);
-    QTest::newRow("step 1: 3.01 to 4.00") << "Cost" << "0" << 0 << "" << "3.01" << "" << false << P << money(40000);
     QTest::newRow("minimum then rounding") << "BCM" << "25" << 2 << "2.10" << "0.25" << "" << false << P
                                            << money(22500);
     QTest::newRow("zero cost takes the minimum") << "Cost" << "300" << 5 << "2" << money(0) << "" << false << P
@@ -151,8 +149,6 @@ void tst_DrinkPricing::priceLines_data()
                              << QStringList{"$3.99", "1", "$0.00", "$0.00", "0.00%"};
     QTest::newRow("new ingredient") << QStringList{"", "", "1.5"} << "$2.50"
                                     << QStringList{"$0.00", "1.5", "$0.00", "$0.00", "0.00%"};
-    QTest::newRow("top with") << QStringList{"1.49", "33.8", "0"} << "$2.50"
-                              << QStringList{"$1.49", "0", "$0.00", "$0.00", "0.00%"};
 }
 
 void tst_DrinkPricing::priceLines()
@@ -172,21 +168,19 @@ void tst_DrinkPricing::priceLines()
 
 void tst_DrinkPricing::refreshFollowsChangedIngredient()
 {
+    // A renamed ingredient's new price reaching an open editor is the ingredient grid window's
+    // test; here a line added while its ingredient had no price, and a new ingredient's line.
     TestStore t(QStringLiteral("INSERT INTO Ingredients (id, Ingredient, UnitType, ozperunit, unitprice) VALUES "
-                               "(1, 'Gin', 'Fifth', 25.4, 15.99);"));
+                               "(1, 'Gin', 'Fifth', 25.4, 0);"));
     DrinkStore &s = t.store();
     TextGridModel lines(IngredientLineHeaders());
-    // A line added while the ingredient had no price shows a plain 0.
-    s.execute(QStringLiteral("UPDATE Ingredients SET unitprice = 0 WHERE id = 1"));
     lines.appendRow(StoredIngredientLine(*FindIngredientByName(s, QStringLiteral("GIN")), QStringLiteral("2"),
                                          QStringLiteral("Ounce (Shot)")));
     lines.appendRow(NewIngredientLine(QStringLiteral("Tonic"), QStringLiteral("4"), QStringLiteral("Ounce (Shot)")));
     QCOMPARE(lines.cell(0, IngCol::Ingredient), QStringLiteral("Gin")); // the store's form of the name
     QCOMPARE(lines.cell(0, IngCol::Cost), QStringLiteral("0"));
-    s.execute(QStringLiteral("UPDATE Ingredients SET unitprice = 31.98, Ingredient = 'London Gin' WHERE id = 1"));
+    s.execute(QStringLiteral("UPDATE Ingredients SET unitprice = 31.98 WHERE id = 1"));
     RefreshIngredientColumns(s, lines);
-    QCOMPARE(lines.cell(0, IngCol::Ingredient), QStringLiteral("London Gin"));
-    QCOMPARE(lines.cell(0, IngCol::UnitCost), QStringLiteral("31.98"));
     QCOMPARE(lines.cell(1, IngCol::Ingredient), QStringLiteral("Tonic"));
     TextGridModel prices(PriceLineHeaders());
     QVERIFY(RebuildPriceLines(lines, prices, QString()));

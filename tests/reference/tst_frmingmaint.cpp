@@ -1,4 +1,5 @@
 // The ingredient grid driven as a user works with it, on its own and from an open drink editor.
+#include "GuiTest.h"
 #include "TestStore.h"
 #include "base/modCorvane.h"
 #include "editing/frmAddEdit.h"
@@ -35,29 +36,14 @@ private slots:
     void init() { modCorvane::state() = modCorvane::State(); }
     void editLeaveAndSave();
     void changeReachesOpenEditor();
-
-private:
-    QString answerNextBox();
-    QString m_text;
 };
-
-QString tst_FrmIngMaint::answerNextBox()
-{
-    QTimer::singleShot(0, this, [this] {
-        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
-            m_text = box->text();
-            box->accept();
-        }
-    });
-    return {};
-}
 
 void tst_FrmIngMaint::editLeaveAndSave()
 {
     TestStore t(QString::fromUtf8(kRows));
     frmIngMaint dlg(t.store());
     dlg.show();
-    auto *grid = dlg.findChild<QTableView *>(QStringLiteral("cfIng"));
+    auto *grid = child<QTableView>(&dlg, "cfIng");
     TextGridModel *m = dlg.grid();
     QCOMPARE(m->rowCount(), 2);
     // Entering the ounces of a fifth without a size proposes the other fifths' size.
@@ -66,13 +52,14 @@ void tst_FrmIngMaint::editLeaveAndSave()
     // A blank name is refused when the cell is left, and the cell is current again.
     grid->setCurrentIndex(m->index(0, Name));
     m->setCell(0, Name, QString());
-    answerNextBox();
+    QString seen;
+    answerNextMessage(this, &seen);
     grid->setCurrentIndex(m->index(0, Notes));
-    QCOMPARE(m_text, QStringLiteral("The Ingredient name cannot be blank."));
+    QTRY_COMPARE(seen, QStringLiteral("Corvane|The Ingredient name cannot be blank."));
     QTRY_COMPARE(grid->currentIndex(), m->index(0, Name));
     m->setCell(0, Name, QStringLiteral("Genièvre \"Oude\""));
     m->setCell(0, Price, QStringLiteral("$21.50"));
-    dlg.findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+    child<QPushButton>(&dlg, "cmdSave")->click();
     QVERIFY(!dlg.isVisible());
     QCOMPARE(t.store().scalar(QStringLiteral("SELECT Ingredient || '|' || unitprice FROM Ingredients WHERE id = 1"))
                  .toString(),
@@ -85,7 +72,7 @@ void tst_FrmIngMaint::changeReachesOpenEditor()
     TestStore t(QString::fromUtf8(kRows));
     frmAddEdit editor(t.store(), t.appDir());
     editor.Setup(true, false, 1);
-    auto *cfIng = editor.findChild<QTableView *>(QStringLiteral("cfIng"));
+    auto *cfIng = child<QTableView>(&editor, "cfIng");
     QCOMPARE(cfIng->model()->index(0, 4).data().toString(), QStringLiteral("$1.26"));
     // The ingredient dialog opens over the editor; a new price and name are saved there.
     QTimer::singleShot(0, this, [&] {
@@ -93,15 +80,15 @@ void tst_FrmIngMaint::changeReachesOpenEditor()
         QVERIFY(dlg);
         dlg->grid()->setCell(0, Price, QStringLiteral("31.98"));
         dlg->grid()->setCell(0, Name, QStringLiteral("London Gin"));
-        dlg->findChild<QPushButton *>(QStringLiteral("cmdSave"))->click();
+        child<QPushButton>(dlg, "cmdSave")->click();
     });
-    editor.findChild<QPushButton *>(QStringLiteral("cmdEditIng"))->click();
+    child<QPushButton>(&editor, "cmdEditIng")->click();
     QCOMPARE(cfIng->model()->index(0, 3).data().toString(), QStringLiteral("London Gin"));
     QCOMPARE(cfIng->model()->index(0, 4).data().toString(), QStringLiteral("$2.52"));
     // The drink's cost stays what it was until the user asks for a new one.
-    QCOMPARE(editor.findChild<QLineEdit *>(QStringLiteral("txtCost"))->text(), QStringLiteral("$2.00"));
-    editor.findChild<QPushButton *>(QStringLiteral("cmdResetCost"))->click();
-    QCOMPARE(editor.findChild<QLineEdit *>(QStringLiteral("txtCost"))->text(), QStringLiteral("$2.52"));
+    QCOMPARE(child<QLineEdit>(&editor, "txtCost")->text(), QStringLiteral("$2.00"));
+    child<QPushButton>(&editor, "cmdResetCost")->click();
+    QCOMPARE(child<QLineEdit>(&editor, "txtCost")->text(), QStringLiteral("$2.52"));
 }
 
 QTEST_MAIN(tst_FrmIngMaint)

@@ -28,6 +28,9 @@ INSERT INTO Drinks (id, Name, GlassType, Description, Price, Marked, DrinkType) 
   (7, 'Mystery Punch', 4, 'Ask the bartender.', 2, 0, NULL),
   (8, 'Sloe Screw', 1, 'Sloe gin and orange juice.', 4, 0, NULL),
   (9, 'Long Island Iced Tea', 4, 'Build.', 7, 0, NULL);
+UPDATE Drinks SET Cost = Price / 4, Comments = 'Dry' WHERE id IN (3, 4);
+UPDATE Drinks SET RatingID = 2 WHERE id = 6; UPDATE Drinks SET BuildID = 1 WHERE id = 5;
+UPDATE Drinks SET GarnishID = 2 WHERE id = 7;
 INSERT INTO DrinkRel (DrinkID, IngID, seq) VALUES
   (1, 1, 1), (1, 3, 2), (2, 1, 1), (2, 2, 2), (3, 4, 1), (3, 5, 2), (4, 4, 1), (4, 6, 2), (4, 2, 3),
   (5, 4, 1), (5, 3, 2), (6, 1, 1), (6, 5, 2), (6, 2, 3), (8, 7, 1), (8, 5, 2),

@@ -1,5 +1,6 @@
 // The two search dialogs driven as a user would: what each kind shows, the rows of the
 // advanced search, its saved searches, Find Similar, and what a bad value leads to.
+#include "GuiTest.h"
 #include "SearchBook.h"
 #include "TestStore.h"
 #include "base/modCorvane.h"
@@ -57,25 +58,14 @@ void answerMessage(QWidget *over, QMessageBox::StandardButton button, Message *s
         over);
 }
 
-template <class T = QWidget> T *child(QWidget *w, const QString &name)
+// The control of a criteria row: cmbField1, txtVal5...
+template <class T> T *ofRow(QWidget *w, const char *name, int row)
 {
-    T *c = w->findChild<T *>(name);
-    if (!c)
-        qFatal("no control %s", qPrintable(name));
-    return c;
+    return child<T>(w, (name + QByteArray::number(row)).constData());
 }
-QComboBox *combo(QWidget *w, const char *name, int row)
-{
-    return child<QComboBox>(w, name + QString::number(row));
-}
-QLineEdit *txtVal(QWidget *w, int row)
-{
-    return child<QLineEdit>(w, QStringLiteral("txtVal%1").arg(row));
-}
-void click(QWidget *w, const char *button)
-{
-    child<QPushButton>(w, QLatin1String(button))->click();
-}
+QComboBox *combo(QWidget *w, const char *name, int row) { return ofRow<QComboBox>(w, name, row); }
+QLineEdit *txtVal(QWidget *w, int row) { return ofRow<QLineEdit>(w, "txtVal", row); }
+void click(QWidget *w, const char *button) { child<QPushButton>(w, button)->click(); }
 
 QStringList entries(const QComboBox *c)
 {
@@ -210,8 +200,8 @@ void tst_SearchDialogs::simpleKinds()
     QCOMPARE(dialog.windowTitle(), caption);
     QCOMPARE(child<QLabel>(&dialog, "Label1")->text(), prompt);
     const bool text = choices.isEmpty();
-    QCOMPARE(child(&dialog, "SearchText")->isHidden(), !text);
-    QCOMPARE(child(&dialog, "pnlMatch")->isHidden(), !text);
+    QCOMPARE(child<QWidget>(&dialog, "SearchText")->isHidden(), !text);
+    QCOMPARE(child<QWidget>(&dialog, "pnlMatch")->isHidden(), !text);
     auto *list = child<QComboBox>(&dialog, "cmbSearch");
     QCOMPARE(list->isHidden(), text);
     QCOMPARE(entries(list), choices);
@@ -276,10 +266,11 @@ void tst_SearchDialogs::advancedLoadAndClear()
     QCOMPARE(saved->itemData(0).toInt(), 0);
     QCOMPARE(saved->itemData(2).toInt(), 2);
     QCOMPARE(child<QLabel>(&dialog, "lblSavedSearch")->text(), QStringLiteral("&Previously saved searches"));
-    const QStringList names{"cmdOK", "cmdCancel", "cmdClear", "cmdSave", "cmdDelete"};
-    const QStringList captions{"&Search", "&Cancel", "&Clear", "S&ave", "&Delete"};
-    for (int i = 0; i < names.size(); ++i)
-        QCOMPARE(child<QPushButton>(&dialog, names[i])->text(), captions[i]);
+    const std::pair<const char *, const char *> buttons[] = {{"cmdOK", "&Search"},  {"cmdCancel", "&Cancel"},
+                                                             {"cmdClear", "&Clear"}, {"cmdSave", "S&ave"},
+                                                             {"cmdDelete", "&Delete"}};
+    for (const auto &[name, caption] : buttons)
+        QCOMPARE(child<QPushButton>(&dialog, name)->text(), QString::fromLatin1(caption));
     screenshot(&dialog, QStringLiteral("frmAdvSearch-blank"));
 
     setRow(&dialog, 1, QStringLiteral("Glassware"), kEq, QStringLiteral("Shot"));

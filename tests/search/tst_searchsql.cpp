@@ -1,5 +1,4 @@
-// The simple search's statements and the advanced search's criterion fragments, word for
-// word, and the drinks the simple searches bring back.
+// The drinks the simple searches bring back, and typed text in every search that takes it.
 #include "SearchBook.h"
 #include "TestStore.h"
 #include "presentation/ListSql.h"
@@ -10,87 +9,11 @@
 class tst_SearchSql : public QObject {
     Q_OBJECT
   private slots:
-    void statements_data();
-    void statements();
-    void fragments_data();
-    void fragments();
     void results_data();
     void results();
     void typedText_data();
     void typedText();
 };
-
-void tst_SearchSql::statements_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<bool>("matchAll");
-    QTest::addColumn<QString>("sql");
-    const QString insert = QStringLiteral("INSERT INTO SearchResults ( ID, Name ) ");
-    QTest::newRow("301 all") << 301 << "gin" << true
-                             << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Name Like \"*gin*\"";
-    QTest::newRow("301 first letters, blanks kept")
-        << 301 << " gin " << false
-        << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Name Like \" gin *\"";
-    QTest::newRow("302") << 302 << "lime" << true
-                         << insert + "SELECT DISTINCT D.ID, D.Name FROM Drinks D, DrinkRel R, Ingredients I WHERE "
-                                     "D.ID = R.DrinkID AND R.IngID = I.ID AND I.Ingredient LIKE \"*lime*\"";
-    QTest::newRow("303, quote and wildcards as typed")
-        << 303 << "a\"?#[x]" << false
-        << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Description LIKE \"a\"\"?#[x]*\"";
-    QTest::newRow("304") << 304 << "3" << false
-                         << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.GlassType = 3";
-    QTest::newRow("305") << 305 << "0" << false
-                         << insert + "SELECT DISTINCT D.ID, D.Name FROM Drinks D, DrinkTypeRel T WHERE D.ID = "
-                                     "T.DrinkID AND T.DrinkTypeID = 0";
-}
-
-void tst_SearchSql::statements()
-{
-    QFETCH(int, kind);
-    QFETCH(QString, value);
-    QFETCH(bool, matchAll);
-    QFETCH(QString, sql);
-    const bool text = kind <= SearchKind::ByRecipe;
-    QCOMPARE(SimpleSearchSQL(kind, text ? SimpleSearchPattern(value, matchAll) : value), sql);
-}
-
-void tst_SearchSql::fragments_data()
-{
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("comparison");
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QString>("fragment");
-    // Rows the advanced search's statements already hold (Category, Rating, Build, Garnish,
-    // Comment contains, Name starts and contains, Recipe =, Marked, Price >) are not repeated.
-    QTest::newRow("Name =") << "Name" << kEq << "v" << "(C.Name = \"v\")";
-    QTest::newRow("Comment =") << "Comment" << kEq << "v" << "(C.Comments = \"v\")";
-    QTest::newRow("Name >") << "Name" << kGt << "v" << "(C.Name > \"v\")";
-    QTest::newRow("Name <") << "Name" << kLt << "v" << "(C.Name < \"v\")";
-    QTest::newRow("Name ends") << "Name" << kEnds << "v" << "(C.Name LIKE \"*v\")";
-    QTest::newRow("Name contains nothing") << "Name" << kContains << "" << "(C.Name LIKE \"**\")";
-    QTest::newRow("a typed quote written twice") << "Name" << kContains << "O\"Neil" << "(C.Name LIKE \"*O\"\"Neil*\")";
-    QTest::newRow("Recipe contains") << "Recipe" << kContains << "v" << "(C.Description LIKE \"*v*\")";
-    QTest::newRow("Glassware") << "Glassware" << kEq << "3" << "(C.GlassType = 3)";
-    QTest::newRow("Unmarked") << "Marked" << kEq << "False" << "(C.Marked = False)";
-    QTest::newRow("Price =") << "Price" << kEq << "3.50" << "(C.Price = 3.50)";
-    QTest::newRow("Price not a number matches nothing") << "Price" << kGt << "1 OR 1=1" << "(C.Price > Null)";
-    QTest::newRow("Cost <") << "Cost" << kLt << "-1.5e1" << "(C.Cost < -1.5e1)";
-    QTest::newRow("Ingredient has no column") << "Ingredient" << kContains << "gin" << "";
-}
-
-void tst_SearchSql::fragments()
-{
-    QFETCH(QString, field);
-    QFETCH(QString, comparison);
-    QFETCH(QString, value);
-    QFETCH(QString, fragment);
-    const QString typed = value;
-    QCOMPARE(GetSQLForField(field, ComparisonOperator(comparison), value, comparison), fragment);
-    // The value comes back as the fragment holds it; untouched when there is no fragment.
-    const qsizetype at = fragment.indexOf(u' ', fragment.indexOf(u' ') + 1) + 1;
-    QCOMPARE(value, fragment.isEmpty() ? typed : fragment.sliced(at).chopped(1));
-}
 
 void tst_SearchSql::results_data()
 {
@@ -98,12 +21,12 @@ void tst_SearchSql::results_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<bool>("matchAll");
     QTest::addColumn<QList<int>>("ids");
-    QTest::newRow("name anywhere, any case") << 301 << "TONIC" << true << QList<int>{1, 5};
+    // The search dialogs' own test runs a search by name for "tonic" and by glassware.
     QTest::newRow("start of the field, not of a word") << 301 << "Tonic" << false << QList<int>{};
     QTest::newRow("leading blank searched too") << 301 << " Gin" << false << QList<int>{};
     QTest::newRow("user's ? is a wildcard") << 301 << "g?m" << true << QList<int>{2};
     QTest::newRow("ingredient, one row per drink") << 302 << "juice" << true << QList<int>{2, 3, 4, 6, 8, 9};
-    QTest::newRow("recipe") << 303 << "shake" << false << QList<int>{2, 4};
+    QTest::newRow("recipe, from its start") << 303 << "shake" << false << QList<int>{2, 4};
     QTest::newRow("category through DrinkTypeRel") << 305 << "1" << false << QList<int>{1, 3, 5};
 }
 

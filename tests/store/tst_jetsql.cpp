@@ -22,28 +22,18 @@ private slots:
     void prefixReadsAnIndexRange();
 };
 
+// Rewrites that a store already runs are not repeated here: statementsRun below, the list's
+// marked and letter views, the searches' quoted texts, categories and name prefixes.
 void tst_JetSql::dialect_data()
 {
     QTest::addColumn<QString>("jet");
     QTest::addColumn<QString>("sqlite");
-    QTest::newRow("delete star") << "DELETE * FROM tmp_ShopList" << "DELETE FROM tmp_ShopList";
-    QTest::newRow("distinctrow select") << "SELECT DISTINCTROW Max([ID]) AS MaxID FROM Drinks"
-                                        << "SELECT Max([ID]) AS MaxID FROM Drinks";
-    QTest::newRow("update distinctrow qualified")
-        << "UPDATE DISTINCTROW Ingredients SET Ingredients.Selected = No WHERE Ingredients.Selected=Yes"
-        << "UPDATE Ingredients SET Selected = 0 WHERE Ingredients.Selected=1";
     QTest::newRow("update two qualified") << "UPDATE Drinks SET Drinks.LiqCab = 0, Drinks.Marked = True"
                                           << "UPDATE Drinks SET LiqCab = 0, Marked = 1";
     QTest::newRow("update value keeps qualifier") << "UPDATE Drinks SET Drinks.Cost = Drinks.Price WHERE ID = 3"
                                                   << "UPDATE Drinks SET Cost = Drinks.Price WHERE ID = 3";
-    QTest::newRow("marked true") << "SELECT ID, Name FROM Drinks WHERE Marked = True ORDER BY Name"
-                                 << "SELECT ID, Name FROM Drinks WHERE Marked = 1 ORDER BY Name";
-    QTest::newRow("marked false lower") << "select id from drinks where marked = false and LockPrice = no"
-                                        << "select id from drinks where marked = 0 and LockPrice = 0";
-    QTest::newRow("double-quoted literal") << "SELECT ID FROM Drinks WHERE Name = \"Daiquiri\""
-                                           << "SELECT ID FROM Drinks WHERE Name = 'Daiquiri'";
-    QTest::newRow("doubled quote inside") << "WHERE Name = \"Say \"\"when\"\"\"" << "WHERE Name = 'Say \"when\"'";
-    QTest::newRow("apostrophe inside") << "WHERE Name = \"Planter's Punch\"" << "WHERE Name = 'Planter''s Punch'";
+    QTest::newRow("words in lower case") << "select id from drinks where marked = false and LockPrice = no"
+                                         << "select id from drinks where marked = 0 and LockPrice = 0";
     QTest::newRow("single-quoted kept") << "WHERE Name < 'A' AND Name >= 'B'" << "WHERE Name < 'A' AND Name >= 'B'";
     QTest::newRow("words in literals untouched")
         << "WHERE Description LIKE \"*Yes, True or No*\" AND Marked = Yes"
@@ -52,24 +42,9 @@ void tst_JetSql::dialect_data()
     QTest::newRow("bracket name") << "SELECT [ID] FROM Drinks" << "SELECT [ID] FROM Drinks";
     QTest::newRow("word containing no") << "SELECT Notes, NoteNo FROM Ingredients"
                                         << "SELECT Notes, NoteNo FROM Ingredients";
-    QTest::newRow("multi-table delete")
-        << "DELETE DrinkTypeRel.* FROM DrinkTypeRel, Drinks WHERE DrinkTypeRel.DrinkID = Drinks.ID "
-           "AND Drinks.Marked = True AND DrinkTypeRel.DrinkTypeID = 5"
-        << "DELETE FROM DrinkTypeRel WHERE rowid IN (SELECT DrinkTypeRel.rowid FROM DrinkTypeRel, Drinks WHERE "
-           "DrinkTypeRel.DrinkID = Drinks.ID AND Drinks.Marked = 1 AND DrinkTypeRel.DrinkTypeID = 5)";
     QTest::newRow("unclosed literal left for the engine") << "WHERE Name = \"abc" << "WHERE Name = \"abc";
     QTest::newRow("marker characters in a literal") << QStringLiteral(u"WHERE Name = 'x' OR Name = \"\uE0000\uE000\"")
                                                     << QStringLiteral(u"WHERE Name = 'x' OR Name = '\uE0000\uE000'");
-    QTest::newRow("category through its relation")
-        << "WHERE (C.DrinkType = 12) AND (C.DrinkTypeID = 3)"
-        << "WHERE (C.ID IN (SELECT DrinkID FROM DrinkTypeRel WHERE DrinkTypeID = 12)) AND (C.DrinkTypeID = 3)";
-    const QString last = [] { const char32_t c = 0x10FFFF; return QString::fromUcs4(&c, 1); }();
-    QTest::newRow("prefix bounded in name order")
-        << "WHERE Name LIKE \"Éc'*\" ORDER BY Name"
-        << "WHERE (Name >= 'ec''' COLLATE NAMEFOLD AND Name < 'ec''" + last +
-               "' COLLATE NAMEFOLD AND Name LIKE 'Éc''*') ORDER BY Name";
-    QTest::newRow("not a prefix: no bounds") << "WHERE D.Name LIKE \"*gin*\" OR D.Name LIKE \"g?n*\""
-                                             << "WHERE D.Name LIKE '*gin*' OR D.Name LIKE 'g?n*'";
     QTest::newRow("not like: no bounds") << "WHERE Name NOT LIKE \"G*\"" << "WHERE Name NOT LIKE 'G*'";
 }
 
@@ -85,9 +60,9 @@ void tst_JetSql::like_data()
     QTest::addColumn<QString>("pattern");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("match");
-    QTest::newRow("star anywhere") << "*ini*" << "Martini Cocktail" << true;
+    // Plain stars and prefixes, emoji, folded accents and a literal underscore are what the
+    // searches' suites find on a store already.
     QTest::newRow("star case-blind") << "*MARTINI*" << "dry martini" << true;
-    QTest::newRow("prefix") << "Ma*" << "Margarita" << true;
     QTest::newRow("prefix miss") << "Ma*" << "Daiquiri" << false;
     QTest::newRow("star only") << "*" << "" << true;
     QTest::newRow("empty pattern") << "" << "" << true;
@@ -107,14 +82,11 @@ void tst_JetSql::like_data()
     QTest::newRow("backtrack") << "*a*b" << "aaab" << true;
     QTest::newRow("backtrack miss") << "*a*b" << "aaabc" << false;
     QTest::newRow("accented case") << "*é*" << "CAFÉ ROYALE" << true;
-    QTest::newRow("accent folded") << "creme*" << "Crème de Menthe" << true;
     QTest::newRow("accent apart from its letter") << "*cafe*" << "Cafe\u0301 Royale" << true;
     QTest::newRow("unclosed bracket is a letter") << "*[a*" << "Punch [a la carte]" << true;
     QTest::newRow("unclosed bracket miss") << "[a*" << "a" << false;
-    QTest::newRow("emoji") << "*🍹*" << "Tiki 🍹 Bowl" << true;
     QTest::newRow("quote and percent") << "*\"50%\"*" << "The \"50%\" Sour" << true;
     QTest::newRow("percent is literal") << "100%" << "100%" << true;
-    QTest::newRow("underscore is literal") << "a_b" << "axb" << false;
 }
 
 void tst_JetSql::like()
@@ -184,19 +156,15 @@ void tst_JetSql::nameOrder()
             out << q.value(0).toString();
         return out;
     };
-    // Accents and case fold; between names that fold alike the plain letter comes first.
+    // Accents and case fold; between names that fold alike the plain letter comes first. The
+    // letter tabs and the quick search on such names are the name lists window's test.
     QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks ORDER BY Name")),
              (QStringList{"CRÈME Brûlée", "crème de cassis", "Creme Soda", "eclair", "Éclair Fizz", "Jägerbomb",
                           "Jungle Bird", "Piña Colada", "Pisco Sour", "Zombie"}));
     QCOMPARE(names(QStringLiteral("SELECT Ingredient FROM Ingredients ORDER BY Ingredient")),
              (QStringList{"Amaretto", "Ängelica", "Zubrówka"}));
-    // The letter tab E, as the list asks for it.
-    QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks WHERE Name >= 'E' AND Name < 'F' ORDER BY Name")),
-             (QStringList{"eclair", "Éclair Fizz"}));
     QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks WHERE Name = \"crème brûlée\"")),
              QStringList{"CRÈME Brûlée"});
-    QCOMPARE(names(QStringLiteral("SELECT Name FROM Drinks WHERE Name LIKE \"ÉCLAIR*\" ORDER BY Name")),
-             (QStringList{"eclair", "Éclair Fizz"}));
 }
 
 void tst_JetSql::prefixReadsAnIndexRange_data()
