@@ -1,4 +1,5 @@
-// The drinks the main list's statements bring back, view by view.
+// The main list's statements as designed (one row for each form they take), and the drinks
+// they bring back, view by view.
 #include "TestStore.h"
 #include "presentation/DrinkListModel.h"
 #include "presentation/ListSql.h"
@@ -12,11 +13,67 @@
 class tst_ListSql : public QObject {
     Q_OBJECT
 private slots:
+    void statements_data();
+    void statements();
     void results_data();
     void results();
     void selectorsAndQuickSearch();
     void failedReloadKeepsRows();
 };
+
+void tst_ListSql::statements_data()
+{
+    QTest::addColumn<int>("view");
+    QTest::addColumn<int>("selection");
+    QTest::addColumn<bool>("inSearch");
+    QTest::addColumn<bool>("marked");
+    QTest::addColumn<QString>("sql");
+    const auto row = [](const char *name, int view, int selection, bool inSearch, bool marked, const char *sql) {
+        QTest::newRow(name) << view << selection << inSearch << marked << QString::fromLatin1(sql);
+    };
+    row("0 tab 0", 0, 0, false, false, "SELECT ID, Name FROM Drinks WHERE Name < 'A' ORDER BY Name");
+    row("0 tab 25", 0, 25, false, false, "SELECT ID, Name FROM Drinks WHERE Name >= 'Y' AND Name < 'Z' ORDER BY Name");
+    row("0 tab 26", 0, 26, false, false, "SELECT ID, Name FROM Drinks WHERE Name >= 'Z' ORDER BY Name");
+    row("1", 1, 17, false, false,
+        "SELECT D.ID, D.Name FROM Drinks D, DrinkRel R WHERE R.IngID = 17 AND R.DrinkID = D.ID ORDER BY D.Name");
+    row("2", 2, 4, false, false, "SELECT ID, Name FROM Drinks WHERE GlassType = 4 ORDER BY Name");
+    row("3", 3, 0, false, false,
+        "SELECT D.ID, D.Name FROM Drinks D, DrinkTypeRel R WHERE R.DrinkID = D.ID AND R.DrinkTypeID = 0 ORDER BY D.Name");
+    row("4 tab 3 marked", 4, 3, false, true,
+        "SELECT ID, Name FROM Drinks WHERE Name >= 'C' AND Name < 'D' AND Marked = True ORDER BY Name");
+    row("4 tab 26 unmarked reads below Z", 4, 26, false, false,
+        "SELECT ID, Name FROM Drinks WHERE Name < 'Z' AND Marked = False ORDER BY Name");
+    row("5 tab 13", 5, 13, false, false,
+        "SELECT ID, Name FROM Drinks WHERE Name >= 'M' AND Name < 'N' AND LiqCab = 1 ORDER BY Name");
+    row("6", 6, 5, false, true, "SELECT ID, Name FROM Drinks ORDER BY Name");
+    row("7 none", 7, 0, false, false, "");
+    row("s0 tab 2", 0, 2, true, false,
+        "SELECT ID, Name FROM SearchResults WHERE Name >= 'B' AND Name < 'C' ORDER BY Name");
+    row("s1", 1, 3, true, false,
+        "SELECT D.ID, D.Name FROM SearchResults D, DrinkRel R WHERE R.IngID = 3 AND R.DrinkID = D.ID ORDER BY D.Name");
+    row("s2", 2, 9, true, false,
+        "SELECT D.ID, D.Name FROM SearchResults S, Drinks D WHERE S.ID = D.ID AND D.GlassType = 9 ORDER BY D.Name");
+    row("s3", 3, 2, true, false,
+        "SELECT D.ID, D.Name FROM SearchResults D, DrinkTypeRel R WHERE R.DrinkID = D.ID AND R.DrinkTypeID = 2 "
+        "ORDER BY D.Name");
+    row("s4 tab 26 unmarked", 4, 26, true, false,
+        "SELECT D.ID, D.Name FROM SearchResults S, Drinks D WHERE S.ID = D.ID AND D.Name < 'Z' AND D.Marked = False "
+        "ORDER BY D.Name");
+    row("s5 tab 1", 5, 1, true, false,
+        "SELECT D.ID, D.Name FROM SearchResults S, Drinks D WHERE S.ID = D.ID AND D.Name >= 'A' AND D.Name < 'B' AND "
+        "D.LiqCab = 1 ORDER BY D.Name");
+    row("s6", 6, 0, true, false, "SELECT ID, Name FROM SearchResults ORDER BY Name");
+}
+
+void tst_ListSql::statements()
+{
+    QFETCH(int, view);
+    QFETCH(int, selection);
+    QFETCH(bool, inSearch);
+    QFETCH(bool, marked);
+    QFETCH(QString, sql);
+    QCOMPARE(BuildListSQL(view, selection, inSearch, marked), sql);
+}
 
 namespace {
 const char *kBook = R"SQL(

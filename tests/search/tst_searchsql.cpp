@@ -1,4 +1,5 @@
-// The drinks the simple searches bring back, and typed text in every search that takes it.
+// The simple searches' statements and the criterion fragments as designed, the drinks the
+// simple searches bring back, and typed text in every search that takes it.
 #include "SearchBook.h"
 #include "TestStore.h"
 #include "presentation/ListSql.h"
@@ -9,11 +10,59 @@
 class tst_SearchSql : public QObject {
     Q_OBJECT
   private slots:
+    void statements_data();
+    void statements();
     void results_data();
     void results();
     void typedText_data();
     void typedText();
 };
+
+// A row with a field is a criterion's fragment; one with a kind, a simple search's statement.
+void tst_SearchSql::statements_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("comparison");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("sql");
+    const QString insert = QStringLiteral("INSERT INTO SearchResults ( ID, Name ) ");
+    QTest::newRow("301") << 301 << "" << "all" << "gin"
+                         << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Name Like \"*gin*\"";
+    QTest::newRow("302") << 302 << "" << "" << "lime"
+                         << insert + "SELECT DISTINCT D.ID, D.Name FROM Drinks D, DrinkRel R, Ingredients I WHERE "
+                                     "D.ID = R.DrinkID AND R.IngID = I.ID AND I.Ingredient LIKE \"lime*\"";
+    QTest::newRow("303, quote doubled, wildcards as typed")
+        << 303 << "" << "" << "a\"?#[x]"
+        << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.Description LIKE \"a\"\"?#[x]*\"";
+    QTest::newRow("304") << 304 << "" << "" << "3"
+                         << insert + "SELECT Drinks.ID, Drinks.Name FROM Drinks WHERE Drinks.GlassType = 3";
+    QTest::newRow("305") << 305 << "" << "" << "0"
+                         << insert + "SELECT DISTINCT D.ID, D.Name FROM Drinks D, DrinkTypeRel T WHERE D.ID = "
+                                     "T.DrinkID AND T.DrinkTypeID = 0";
+    QTest::newRow("Name =, quote doubled") << 0 << "Name" << kEq << "O\"Neil" << "(C.Name = \"O\"\"Neil\")";
+    QTest::newRow("Name ends") << 0 << "Name" << kEnds << "v" << "(C.Name LIKE \"*v\")";
+    QTest::newRow("Recipe contains") << 0 << "Recipe" << kContains << "v" << "(C.Description LIKE \"*v*\")";
+    QTest::newRow("Category") << 0 << "Category" << kEq << "4" << "(C.DrinkType = 4)";
+    QTest::newRow("Unmarked") << 0 << "Marked" << kEq << "False" << "(C.Marked = False)";
+    QTest::newRow("Price not a number") << 0 << "Price" << kGt << "1 OR 1=1" << "(C.Price > Null)";
+    QTest::newRow("Ingredient has no column") << 0 << "Ingredient" << kContains << "gin" << "";
+}
+
+void tst_SearchSql::statements()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, field);
+    QFETCH(QString, comparison);
+    QFETCH(QString, value);
+    QFETCH(QString, sql);
+    if (field.isEmpty()) {
+        const bool text = kind <= SearchKind::ByRecipe;
+        QCOMPARE(SimpleSearchSQL(kind, text ? SimpleSearchPattern(value, comparison == u"all") : value), sql);
+    } else {
+        QCOMPARE(GetSQLForField(field, ComparisonOperator(comparison), value, comparison), sql);
+    }
+}
 
 void tst_SearchSql::results_data()
 {
