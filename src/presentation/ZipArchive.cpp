@@ -170,12 +170,16 @@ bool ZipArchive::addData(const QString &member, const QByteArray &data, Compress
         return fail(NotOpen, QStringLiteral("no archive is open"));
     if (!isPlainName(member))
         return fail(WriteFailed, QStringLiteral("%1: not a plain file name").arg(member));
-    // libzip reads the source only in zip_close, so it gets a copy it frees itself.
-    void *copy = std::malloc(std::max<qsizetype>(data.size(), 1));
-    if (!copy)
-        return fail(WriteFailed, QStringLiteral("out of memory"));
-    std::memcpy(copy, data.constData(), size_t(data.size()));
-    zip_source_t *source = zip_source_buffer(m_zip, copy, zip_uint64_t(data.size()), 1);
+    // libzip reads the source only in zip_close, so it gets a copy it frees itself. An empty
+    // member has no buffer: libzip would not free one of length 0.
+    void *copy = nullptr;
+    if (!data.isEmpty()) {
+        copy = std::malloc(size_t(data.size()));
+        if (!copy)
+            return fail(WriteFailed, QStringLiteral("out of memory"));
+        std::memcpy(copy, data.constData(), size_t(data.size()));
+    }
+    zip_source_t *source = zip_source_buffer(m_zip, copy, zip_uint64_t(data.size()), copy ? 1 : 0);
     if (!source) {
         std::free(copy);
         return fail(WriteFailed, QString::fromUtf8(zip_strerror(m_zip)));
