@@ -144,10 +144,7 @@ void tst_DrinkStore::transactionRollsBackUnlessCommitted()
 void tst_DrinkStore::olderStoreMovesToNameOrder()
 {
     // A store as the earlier version made it: names compared by NOCASE, version 1.
-    QString schema = [] {
-        QFile f(TestStore::schemaFile());
-        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
-    }();
+    QString schema = QString::fromUtf8(readFile(TestStore::schemaFile()));
     QVERIFY(schema.contains(QLatin1String("NAMEFOLD")));
     schema.replace(QLatin1String("COLLATE NAMEFOLD"), QLatin1String("COLLATE NOCASE"));
     schema.replace(QLatin1String("user_version = 2"), QLatin1String("user_version = 1"));
