@@ -1,5 +1,6 @@
 // The settings file: defaults for what is missing, exact text back for what was saved, and
 // the numbered errors for everything else.
+#include "TestFiles.h"
 #include "base/CLocalConfig.h"
 
 #include <QDir>
@@ -22,58 +23,37 @@ std::optional<ConfigError> errorOf(const std::function<void()> &call)
     return std::nullopt;
 }
 
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(content);
-}
-
-QByteArray readFile(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 } // namespace
 
 class tst_CLocalConfig : public QObject {
     Q_OBJECT
 private slots:
-    void missingFileGivesDefaultAndCreatesNothing();
     void readsHandWrittenFile_data();
     void readsHandWrittenFile();
     void saveThenLoad_data();
     void saveThenLoad();
     void saveReplacesAndKeepsOthers();
-    void readErrors_data();
-    void readErrors();
     void emptyNames_data();
     void emptyNames();
     void writeErrors_data();
     void writeErrors();
     void saveKeepsEveryOtherLine_data();
     void saveKeepsEveryOtherLine();
-    void unreadableFileIsNeverWritten();
 };
-
-void tst_CLocalConfig::missingFileGivesDefaultAndCreatesNothing()
-{
-    QTemporaryDir dir;
-    const CLocalConfig config(dir.filePath(u"settings.ini"_s));
-    QCOMPARE(config.Load(u"Settings"_s, u"LastView"_s, u"A"_s), u"A"_s);
-    QVERIFY(QDir(dir.path()).isEmpty());
-}
 
 void tst_CLocalConfig::readsHandWrittenFile_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QByteArray>("content"); // null: no file, and none is made by reading
+    QTest::addColumn<QString>("expected"); // null: the value is no text, and reading it fails
+    QTest::newRow("no file") << QByteArray() << "default";
     QTest::newRow("value") << QByteArray("[Corvane]\nSettings\\UseMetric=Y\n") << "Y";
     QTest::newRow("empty value is not the default") << QByteArray("[Corvane]\nSettings\\UseMetric=\n") << "";
     QTest::newRow("quoted commas") << QByteArray("[Corvane]\nSettings\\UseMetric=\"a, b\"\n") << "a, b";
     QTest::newRow("other key") << QByteArray("[Corvane]\nSettings\\LastView=N\n") << "default";
     QTest::newRow("other section") << QByteArray("[Corvane]\nOther\\UseMetric=Y\n") << "default";
+    QTest::newRow("list") << QByteArray("[Corvane]\nSettings\\UseMetric=a, b\n") << QString();
+    QTest::newRow("byte array") << QByteArray("[Corvane]\nSettings\\UseMetric=@ByteArray(abc)\n") << QString();
+    QTest::newRow("rectangle") << QByteArray("[Corvane]\nSettings\\UseMetric=@Rect(1 2 3 4)\n") << QString();
 }
 
 void tst_CLocalConfig::readsHandWrittenFile()
@@ -82,8 +62,19 @@ void tst_CLocalConfig::readsHandWrittenFile()
     QFETCH(QString, expected);
     QTemporaryDir dir;
     const QString file = dir.filePath(u"settings.ini"_s);
-    writeFile(file, content);
-    QCOMPARE(CLocalConfig(file).Load(u"Settings"_s, u"UseMetric"_s, u"default"_s), expected);
+    if (!content.isNull())
+        QVERIFY(writeFile(file, content));
+    const CLocalConfig config(file);
+    if (expected.isNull()) {
+        const auto error = errorOf([&] { config.Load(u"Settings"_s, u"UseMetric"_s, QString()); });
+        QVERIFY(error);
+        QCOMPARE(error->number(), quint32(0x800407D0));
+        QCOMPARE(error->text(), u"Registry data not a string"_s);
+        QCOMPARE(QString::fromUtf8(error->what()), error->text());
+    } else {
+        QCOMPARE(config.Load(u"Settings"_s, u"UseMetric"_s, u"default"_s), expected);
+    }
+    QCOMPARE(QFile::exists(file), !content.isNull());
 }
 
 void tst_CLocalConfig::saveThenLoad_data()
@@ -123,36 +114,6 @@ void tst_CLocalConfig::saveReplacesAndKeepsOthers()
     QCOMPARE(config.Load(section, u"UseMetric"_s, QString()), u"Y"_s);
     QCOMPARE(config.Load(section, u"ColorScheme"_s, QString()), u"12"_s);
     QCOMPARE(config.ReadSetting(u"Other"_s, section, u"LastView"_s, u"-"_s), u"-"_s);
-}
-
-void tst_CLocalConfig::readErrors_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<quint32>("number");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("list") << QByteArray("[Corvane]\nSettings\\Key=a, b\n") << quint32(0x800407D0)
-                          << "Registry data not a string";
-    QTest::newRow("byte array") << QByteArray("[Corvane]\nSettings\\Key=@ByteArray(abc)\n")
-                                << quint32(0x800407D0) << "Registry data not a string";
-    QTest::newRow("rectangle") << QByteArray("[Corvane]\nSettings\\Key=@Rect(1 2 3 4)\n")
-                               << quint32(0x800407D0) << "Registry data not a string";
-}
-
-void tst_CLocalConfig::readErrors()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(quint32, number);
-    QFETCH(QString, text);
-    QTemporaryDir dir;
-    const QString file = dir.filePath(u"settings.ini"_s);
-    writeFile(file, content);
-    const auto error = errorOf([&] {
-        CLocalConfig(file).Load(u"Settings"_s, u"Key"_s, QString());
-    });
-    QVERIFY(error);
-    QCOMPARE(error->number(), number);
-    QCOMPARE(error->text(), text);
-    QCOMPARE(QString::fromUtf8(error->what()), text);
 }
 
 void tst_CLocalConfig::emptyNames_data()
@@ -201,7 +162,7 @@ void tst_CLocalConfig::writeErrors()
 {
     QFETCH(QString, relativePath);
     QTemporaryDir dir;
-    writeFile(dir.filePath(u"plain.txt"_s), "x");
+    QVERIFY(writeFile(dir.filePath(u"plain.txt"_s), "x"));
     const CLocalConfig config(dir.filePath(relativePath));
 
     const auto error = errorOf([&] { config.Save(u"Settings"_s, u"Key"_s, u"v"_s); });
@@ -213,65 +174,55 @@ void tst_CLocalConfig::writeErrors()
 }
 
 // A save changes its own line and keeps every other line as it stood, whatever the reader
-// makes of them; a file with lines that are no settings is also copied once to ".bad".
+// makes of them; a file with lines that are no settings is also copied once to ".bad". A file
+// that cannot be read is said once, reads as defaults, and keeps its bytes.
 void tst_CLocalConfig::saveKeepsEveryOtherLine_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QByteArray>("expected");
-    QTest::addColumn<bool>("badCopy");
+    QTest::addColumn<QString>("notice"); // empty: none
+    QTest::addColumn<bool>("readable");
+    const QString bad = u"has lines that are not settings"_s;
     QTest::newRow("broken section") << QByteArray("[Corvane]\nSettings\\Key=x\n[Broken\nkept=1\n")
-                                    << QByteArray("[Corvane]\nSettings\\Key=y\n[Broken\nkept=1\n") << true;
+                                    << QByteArray("[Corvane]\nSettings\\Key=y\n[Broken\nkept=1\n") << bad << true;
     QTest::newRow("garbage line, comment, CR LF")
         << QByteArray("; mine\r\ngarbage line\r\n[Corvane]\r\nSettings\\Other=1\r\n\r\n[Later]\r\na=b\r\n")
         << QByteArray("; mine\r\ngarbage line\r\n[Corvane]\r\nSettings\\Other=1\r\nSettings\\Key=y\r\n\r\n"
                       "[Later]\r\na=b\r\n")
-        << true;
+        << bad << true;
     QTest::newRow("no section, no final line end") << QByteArray("# only a comment")
                                                    << QByteArray("# only a comment\n[Corvane]\nSettings\\Key=y\n")
-                                                   << false;
+                                                   << QString() << true;
     QTest::newRow("binary bytes") << QByteArray("\x01\xff\xfe\n", 4)
-                                  << QByteArray("\x01\xff\xfe\n[Corvane]\nSettings\\Key=y\n") << true;
+                                  << QByteArray("\x01\xff\xfe\n[Corvane]\nSettings\\Key=y\n") << bad << true;
+    QTest::newRow("unreadable") << QByteArray("[Corvane]\nSettings\\Key=mine\n")
+                                << QByteArray("[Corvane]\nSettings\\Key=mine\n") << u"cannot be read"_s << false;
 }
 
 void tst_CLocalConfig::saveKeepsEveryOtherLine()
 {
     QFETCH(QByteArray, content);
     QFETCH(QByteArray, expected);
-    QFETCH(bool, badCopy);
+    QFETCH(QString, notice);
+    QFETCH(bool, readable);
     QTemporaryDir dir;
     const QString file = dir.filePath(u"settings.ini"_s);
-    writeFile(file, content);
+    QVERIFY(writeFile(file, content));
+    if (!readable)
+        QVERIFY(QFile::setPermissions(file, QFileDevice::WriteOwner));
     QStringList notices;
     CLocalConfig::setNoticeHandler([&](const QString &text) { notices << text; });
     const CLocalConfig config(file);
     config.Save(u"Settings"_s, u"Key"_s, u"y"_s);
     config.Save(u"Settings"_s, u"Key"_s, u"y"_s);
     CLocalConfig::setNoticeHandler({});
-    QCOMPARE(readFile(file), expected);
-    QCOMPARE(config.Load(u"Settings"_s, u"Key"_s, QString()), u"y"_s);
-    QCOMPARE(readFile(file + u".bad"_s), badCopy ? content : QByteArray());
-    QCOMPARE(notices.size(), badCopy ? 1 : 0);
-}
-
-// A file that cannot be read is said once, reads as defaults, and keeps its bytes.
-void tst_CLocalConfig::unreadableFileIsNeverWritten()
-{
-    QTemporaryDir dir;
-    const QString file = dir.filePath(u"settings.ini"_s);
-    const QByteArray content("[Corvane]\nSettings\\Key=mine\n");
-    writeFile(file, content);
-    QVERIFY(QFile::setPermissions(file, QFileDevice::WriteOwner));
-    QStringList notices;
-    CLocalConfig::setNoticeHandler([&](const QString &text) { notices << text; });
-    const CLocalConfig config(file);
-    QCOMPARE(config.Load(u"Settings"_s, u"Key"_s, u"default"_s), u"default"_s);
-    config.Save(u"Settings"_s, u"Key"_s, u"other"_s);
-    QCOMPARE(config.Load(u"Settings"_s, u"Key"_s, u"default"_s), u"default"_s);
-    CLocalConfig::setNoticeHandler({});
-    QCOMPARE(notices.size(), 1);
-    QVERIFY(notices[0].contains(u"cannot be read"_s));
+    QCOMPARE(config.Load(u"Settings"_s, u"Key"_s, u"default"_s), readable ? u"y"_s : u"default"_s);
     QVERIFY(QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::WriteOwner));
-    QCOMPARE(readFile(file), content);
+    QCOMPARE(readFile(file), expected);
+    QCOMPARE(readFile(file + u".bad"_s), notice.contains(u"not settings"_s) ? content : QByteArray());
+    QCOMPARE(notices.size(), notice.isEmpty() ? 0 : 1);
+    if (!notice.isEmpty())
+        QVERIFY2(notices.value(0).contains(notice), qPrintable(notices.value(0)));
 }
 
 QTEST_GUILESS_MAIN(tst_CLocalConfig)

@@ -1,6 +1,31 @@
 #pragma once
 
+#include "store/DrinkStore.h"
+
+#include <QSqlQuery>
 #include <QString>
+
+using IdList = QList<qint32>;
+
+inline IdList idsWhere(DrinkStore &store, const QString &sql)
+{
+    IdList ids;
+    QSqlQuery q = store.select(sql);
+    while (q.next())
+        ids.append(q.value(0).toInt());
+    return ids;
+}
+
+// The drinks the cabinet marked, and the ingredients ticked as owned.
+inline IdList marked(DrinkStore &store)
+{
+    return idsWhere(store, QStringLiteral("SELECT id FROM Drinks WHERE LiqCab = 1 ORDER BY id"));
+}
+
+inline IdList selected(DrinkStore &store)
+{
+    return idsWhere(store, QStringLiteral("SELECT id FROM Ingredients WHERE Selected <> 0 ORDER BY id"));
+}
 
 // A small book for the cabinet: types with and without sub types, a type without a row of its
 // own, drinks that match, miss one ingredient or have no line, lines whose drink is gone.

@@ -3,37 +3,16 @@
 #include "TestStore.h"
 #include "cabinet/CabinetReport.h"
 #include "cabinet/LiquorCabinet.h"
-#include "store/DrinkStore.h"
 #include "store/StoreError.h"
 
 #include <QPdfWriter>
-#include <algorithm>
-#include <QSqlQuery>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <QtTest>
 
 using namespace LiquorCabinet;
-using IdList = QList<qint32>;
 
 namespace {
-
-IdList idsWhere(DrinkStore &store, const QString &sql)
-{
-    IdList ids;
-    QSqlQuery q = store.select(sql);
-    while (q.next())
-        ids.append(q.value(0).toInt());
-    return ids;
-}
-
-IdList marked(DrinkStore &store)
-{
-    return idsWhere(store, QStringLiteral("SELECT id FROM Drinks WHERE LiqCab = 1 ORDER BY id"));
-}
-IdList selected(DrinkStore &store)
-{
-    return idsWhere(store, QStringLiteral("SELECT id FROM Ingredients WHERE Selected <> 0 ORDER BY id"));
-}
 
 std::vector<qint32> vec(const IdList &ids)
 {
@@ -51,7 +30,6 @@ private slots:
     void findMatches();
     void stopLeavesPartialState_data();
     void stopLeavesPartialState();
-    void stopWhileWritingUndoesAll();
     void failureKeepsEarlierState_data();
     void failureKeepsEarlierState();
     void treeFromIngredientList();
@@ -119,74 +97,62 @@ void tst_LiquorCabinet::findMatches()
 void tst_LiquorCabinet::stopLeavesPartialState_data()
 {
     QTest::addColumn<int>("stopAt"); // the counter at which the callback asks to stop; 0: never
+    QTest::addColumn<int>("ask");    // which question at that counter says stop
+    QTest::addColumn<IdList>("expectedSelected");
     QTest::addColumn<IdList>("expectedMarked");
     // One step per group of lines in drink order: 10, 11 (no drink), 12, 14, 16, 99 (no drink);
-    // so the counter ends at 7 for 5 drinks.
-    QTest::newRow("before the first drink") << 1 << IdList{};
-    QTest::newRow("the drink in progress is not marked") << 2 << IdList{};
-    QTest::newRow("after a drink without a row") << 3 << IdList{10};
-    QTest::newRow("after three drinks") << 5 << IdList{10, 12};
-    QTest::newRow("after the last") << 7 << IdList{10, 12, 14, 16};
-    QTest::newRow("never") << 0 << IdList{10, 12, 14, 16};
+    // so the counter ends at 7 for 5 drinks. The ticks are stored whatever happens to the scan.
+    const IdList all = {1, 2, 3, 4, 5};
+    QTest::newRow("before the first drink") << 1 << 1 << all << IdList{};
+    QTest::newRow("the drink in progress is not marked") << 2 << 1 << all << IdList{};
+    QTest::newRow("after a drink without a row") << 3 << 1 << all << IdList{10};
+    QTest::newRow("after three drinks") << 5 << 1 << all << IdList{10, 12};
+    QTest::newRow("after the last") << 7 << 1 << all << IdList{10, 12, 14, 16};
+    QTest::newRow("never") << 0 << 1 << all << IdList{10, 12, 14, 16};
+    // The last count is asked again while the marks are written: Cancel then takes the whole
+    // Find Matches back.
+    QTest::newRow("while the marks are written") << 7 << 2 << IdList{1, 4, 5} << IdList{16, 18};
 }
 
 void tst_LiquorCabinet::stopLeavesPartialState()
 {
     QFETCH(int, stopAt);
+    QFETCH(int, ask);
+    QFETCH(IdList, expectedSelected);
     QFETCH(IdList, expectedMarked);
     TestStore book(cabinetBookSql());
     QList<int> counters;
     const ScanOutcome outcome = FindMatches(book.store(), {1, 2, 3, 4, 5}, [&](int counter, int total) {
         counters.append(total == 5 ? counter : -counter);
-        return counter == stopAt;
+        return counter == stopAt && counters.count(counter) == ask;
     });
     QCOMPARE(outcome.completed, stopAt == 0);
-    // The last count is asked again while the marks are written.
+    QCOMPARE(outcome.undone, ask == 2);
     QList<int> steps = counters;
     steps.erase(std::unique(steps.begin(), steps.end()), steps.end());
     QCOMPARE(steps.size(), stopAt ? stopAt : 7);
     QCOMPARE(counters.last(), stopAt ? stopAt : 7);
-    // The ticks are stored whatever happens to the scan; nothing is rolled back.
-    QCOMPARE(selected(book.store()), (IdList{1, 2, 3, 4, 5}));
+    QCOMPARE(selected(book.store()), expectedSelected);
     QCOMPARE(marked(book.store()), expectedMarked);
-}
-
-// Cancel pressed while the marks are written takes the whole Find Matches back.
-void tst_LiquorCabinet::stopWhileWritingUndoesAll()
-{
-    TestStore book(cabinetBookSql());
-    int lastCounts = 0;
-    const ScanOutcome outcome = FindMatches(book.store(), {1, 2, 3, 4, 5}, [&](int counter, int) {
-        return counter == 7 && ++lastCounts == 2; // the first question once the scan is through
-    });
-    QVERIFY(outcome.undone);
-    QVERIFY(!outcome.completed);
-    QCOMPARE(selected(book.store()), (IdList{1, 4, 5}));
-    QCOMPARE(marked(book.store()), (IdList{16, 18}));
 }
 
 void tst_LiquorCabinet::failureKeepsEarlierState_data()
 {
+    // The ticks and the marks are one transaction: a refused mark or tick changes neither.
     QTest::addColumn<QString>("trigger");
-    QTest::addColumn<IdList>("expectedSelected");
-    // A refused mark: the ticks and the marks are one transaction, so neither changes.
     QTest::newRow("marks refused") << "CREATE TRIGGER refuse BEFORE UPDATE OF LiqCab ON Drinks WHEN NEW.LiqCab = 1 "
-                                      "BEGIN SELECT RAISE(ABORT, 'refused'); END;"
-                                   << IdList{1, 4, 5};
-    // A refused tick: neither the ticks nor the marks change.
+                                      "BEGIN SELECT RAISE(ABORT, 'refused'); END;";
     QTest::newRow("tick refused")
         << "CREATE TRIGGER refuse BEFORE UPDATE OF Selected ON Ingredients WHEN NEW.id = 3 AND NEW.Selected = 1 "
-           "BEGIN SELECT RAISE(ABORT, 'refused'); END;"
-        << IdList{1, 4, 5};
+           "BEGIN SELECT RAISE(ABORT, 'refused'); END;";
 }
 
 void tst_LiquorCabinet::failureKeepsEarlierState()
 {
     QFETCH(QString, trigger);
-    QFETCH(IdList, expectedSelected);
     TestStore book(cabinetBookSql() + trigger);
     QVERIFY_THROWS_EXCEPTION(StoreError, FindMatches(book.store(), {1, 2, 3, 4, 5}));
-    QCOMPARE(selected(book.store()), expectedSelected);
+    QCOMPARE(selected(book.store()), (IdList{1, 4, 5}));
     QCOMPARE(marked(book.store()), (IdList{16, 18}));
 }
 

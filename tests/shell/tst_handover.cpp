@@ -6,7 +6,6 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QProcess>
-#include <QSignalSpy>
 #include <QThread>
 #include <QtTest>
 
@@ -16,49 +15,88 @@
 class tst_HandOver : public QObject {
     Q_OBJECT
 private slots:
-    void linkDeliversAndWaitsForHandling();
+    void linkDeliversAndPassesOn();
     void noRunningCopy();
     void processesHandOver();
-    void secondPlainStartRunsItsOwnCopy();
     void silentCopyIsGivenUpOn();
-    void mailboxPassesToACopyStillRunning();
     void terminationEndsAsExitDoes_data();
     void terminationEndsAsExitDoes();
-
-private:
-    static bool waitForMailbox(const QString &appDir, int ms);
-    static void startProgram(QProcess &p, const QStringList &args);
 };
 
-void tst_HandOver::linkDeliversAndWaitsForHandling()
-{
-    QTemporaryDir dir;
-    InstanceLink running;
-    QVERIFY(running.listen(dir.path()));
-    QStringList handled;
-    QAtomicInt handledCount;
-    connect(&running, &InstanceLink::commandReceived, this, [&](const QString &line) {
-        QThread::msleep(100); // give a sender that does not wait the chance to run ahead
-        handled << line;
-        handledCount.storeRelease(1);
-    });
+namespace {
 
-    InstanceLink::HandOver delivered = InstanceLink::NoRunningCopy;
-    int handledWhenReturned = -1;
+// Hands the line over from a thread of its own, as a second start does, while this one serves;
+// handledWhenReturned: the lines handled by the time the call came back.
+InstanceLink::HandOver handOverFromThread(const QString &appDir, const QString &line, const QAtomicInt &handled,
+                                          int *handledWhenReturned)
+{
+    InstanceLink::HandOver result = InstanceLink::NoRunningCopy;
     QThread *sender = QThread::create([&] {
-        delivered = InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"));
-        handledWhenReturned = handledCount.loadAcquire();
+        result = InstanceLink::handOver(appDir, line);
+        *handledWhenReturned = handled.loadAcquire();
     });
     sender->start();
-    QTRY_VERIFY_WITH_TIMEOUT(sender->isFinished(), 5000);
+    if (!QTest::qWaitFor([sender] { return sender->isFinished(); }, 5000))
+        qFatal("the hand-over never came back");
     delete sender;
-    QCOMPARE(delivered, InstanceLink::Handled);
-    QCOMPARE(handled, QStringList{QStringLiteral("/ID=2")});
-    QCOMPARE(handledWhenReturned, 1); // the sender came back only after the line was handled
+    return result;
+}
 
-    // A second copy on the same book does not take the mailbox over.
-    InstanceLink second;
-    QVERIFY(!second.listen(dir.path()));
+bool waitForMailbox(const QString &appDir, int ms)
+{
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < ms) {
+        QLocalSocket s;
+        s.connectToServer(InstanceLink::serverName(appDir));
+        if (s.waitForConnected(100))
+            return true;
+        QThread::msleep(50);
+    }
+    return false;
+}
+
+// Starts the program on the book's directory; false when it never opens its mailbox.
+bool startProgram(QProcess &p, const QString &appDir, const QStringList &args = {})
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    p.setProcessEnvironment(env);
+    p.start(QStringLiteral(CORVANE_EXECUTABLE), QStringList{QStringLiteral("--appdir"), appDir} + args);
+    return p.waitForStarted() && waitForMailbox(appDir, 15000);
+}
+
+} // namespace
+
+void tst_HandOver::linkDeliversAndPassesOn()
+{
+    QTemporaryDir dir;
+    auto running = std::make_unique<InstanceLink>();
+    QVERIFY(running->listen(dir.path()));
+    // A second copy on the same book does not take the mailbox over while the first holds it.
+    InstanceLink waiting;
+    QVERIFY(!waiting.listen(dir.path()));
+    QStringList handled;
+    QAtomicInt handledCount;
+    const auto handle = [&](const QString &line) {
+        QThread::msleep(100); // give a sender that does not wait the chance to run ahead
+        handled << line;
+        handledCount.fetchAndAddRelease(1);
+    };
+    connect(running.get(), &InstanceLink::commandReceived, this, handle);
+    connect(&waiting, &InstanceLink::commandReceived, this, handle);
+
+    int handledWhenReturned = -1;
+    QCOMPARE(handOverFromThread(dir.path(), QStringLiteral("/ID=2"), handledCount, &handledWhenReturned),
+             InstanceLink::Handled);
+    QCOMPARE(handledWhenReturned, 1); // the sender came back only after the line was handled
+    // The copy holding the mailbox ends; the one still running takes it.
+    running.reset();
+    QTRY_VERIFY(waiting.isListening());
+    QCOMPARE(handOverFromThread(dir.path(), QStringLiteral("/ID=7"), handledCount, &handledWhenReturned),
+             InstanceLink::Handled);
+    QCOMPARE(handledWhenReturned, 2);
+    QCOMPARE(handled, (QStringList{QStringLiteral("/ID=2"), QStringLiteral("/ID=7")}));
 }
 
 void tst_HandOver::noRunningCopy()
@@ -68,66 +106,28 @@ void tst_HandOver::noRunningCopy()
     QVERIFY(InstanceLink::serverName(dir.path()) != InstanceLink::serverName(dir.path() + QStringLiteral("x")));
 }
 
-bool tst_HandOver::waitForMailbox(const QString &appDir, int ms)
-{
-    QElapsedTimer t;
-    t.start();
-    while (t.elapsed() < ms) {
-        QLocalSocket s;
-        s.connectToServer(InstanceLink::serverName(appDir));
-        if (s.waitForConnected(100)) {
-            s.disconnectFromServer();
-            return true;
-        }
-        QThread::msleep(50);
-    }
-    return false;
-}
-
-void tst_HandOver::startProgram(QProcess &p, const QStringList &args)
-{
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    p.setProcessEnvironment(env);
-    p.start(QStringLiteral(CORVANE_EXECUTABLE), args);
-}
-
 void tst_HandOver::processesHandOver()
 {
     TestStore book(QString(), true);
+    // With nobody to hand over to, a start with a command line runs as the first copy.
     QProcess first;
-    startProgram(first, {QStringLiteral("--appdir"), book.appDir()});
-    QVERIFY(first.waitForStarted());
-    QVERIFY2(waitForMailbox(book.appDir(), 15000), "the first copy never got ready");
-
+    QVERIFY2(startProgram(first, book.appDir(), {QStringLiteral("/ID=2")}), "the first copy never got ready");
+    // A second start with a command line hands it over and ends instead of opening a window.
     QProcess second;
-    startProgram(second, {QStringLiteral("--appdir"), book.appDir(), QStringLiteral("/ID=2")});
-    // It hands over and ends instead of opening a window of its own.
+    second.setProcessEnvironment(first.processEnvironment());
+    second.start(QStringLiteral(CORVANE_EXECUTABLE), {QStringLiteral("--appdir"), book.appDir(), QStringLiteral("/ID=3")});
     QVERIFY(second.waitForFinished(10000));
     QCOMPARE(second.exitStatus(), QProcess::NormalExit);
     QCOMPARE(second.exitCode(), 0);
-    QCOMPARE(first.state(), QProcess::Running);
-    first.kill();
-    first.waitForFinished();
-}
-
-void tst_HandOver::secondPlainStartRunsItsOwnCopy()
-{
-    TestStore book(QString(), true);
-    // With nobody to hand over to, a start with a command line runs as the first copy.
-    QProcess copy;
-    startProgram(copy, {QStringLiteral("--appdir"), book.appDir(), QStringLiteral("/ID=2")});
-    QVERIFY(copy.waitForStarted());
-    QVERIFY(waitForMailbox(book.appDir(), 15000));
     // A plain second start is a second full copy, and keeps running.
     QProcess plain;
-    startProgram(plain, {QStringLiteral("--appdir"), book.appDir()});
-    QVERIFY(plain.waitForStarted());
+    startProgram(plain, book.appDir());
     QVERIFY(!plain.waitForFinished(1500));
+    QCOMPARE(first.state(), QProcess::Running);
     plain.kill();
-    copy.kill();
+    first.kill();
     plain.waitForFinished();
-    copy.waitForFinished();
+    first.waitForFinished();
 }
 
 void tst_HandOver::silentCopyIsGivenUpOn()
@@ -137,27 +137,6 @@ void tst_HandOver::silentCopyIsGivenUpOn()
     QLocalServer hung;
     QVERIFY(hung.listen(InstanceLink::serverName(dir.path())));
     QCOMPARE(InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"), 1000, 300), InstanceLink::NoAnswer);
-}
-
-void tst_HandOver::mailboxPassesToACopyStillRunning()
-{
-    QTemporaryDir dir;
-    auto holder = std::make_unique<InstanceLink>();
-    QVERIFY(holder->listen(dir.path()));
-    InstanceLink waiting;
-    QVERIFY(!waiting.listen(dir.path()));
-    QStringList handled;
-    connect(&waiting, &InstanceLink::commandReceived, this, [&](const QString &line) { handled << line; });
-
-    holder.reset(); // the copy holding the mailbox ends
-    QTRY_VERIFY(waiting.isListening());
-    InstanceLink::HandOver result = InstanceLink::NoRunningCopy;
-    QThread *sender = QThread::create([&] { result = InstanceLink::handOver(dir.path(), QStringLiteral("/ID=7")); });
-    sender->start();
-    QTRY_VERIFY_WITH_TIMEOUT(sender->isFinished(), 5000);
-    delete sender;
-    QCOMPARE(result, InstanceLink::Handled);
-    QCOMPARE(handled, QStringList{QStringLiteral("/ID=7")});
 }
 
 void tst_HandOver::terminationEndsAsExitDoes_data()
@@ -173,9 +152,7 @@ void tst_HandOver::terminationEndsAsExitDoes()
     QFETCH(int, signalNumber);
     TestStore book(QString(), true);
     QProcess copy;
-    startProgram(copy, {QStringLiteral("--appdir"), book.appDir()});
-    QVERIFY(copy.waitForStarted());
-    QVERIFY(waitForMailbox(book.appDir(), 15000));
+    QVERIFY(startProgram(copy, book.appDir()));
     ::kill(pid_t(copy.processId()), signalNumber);
     QVERIFY(copy.waitForFinished(10000));
     QCOMPARE(copy.exitStatus(), QProcess::NormalExit);

@@ -1,11 +1,12 @@
 // Opening the store, new keys, and removing a drink.
+#include "TestFiles.h"
 #include "TestStore.h"
 #include "store/DrinkStore.h"
 #include "store/KeyAllocation.h"
 #include "store/StoreBuilder.h"
 #include "store/StoreError.h"
 
-#include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -18,31 +19,21 @@ private slots:
     void openRefusesWithoutWriting();
     void keys_data();
     void keys();
-    void keysOnEmptyTables();
     void categoryKeyFromList();
     void removalOrderAndEffect();
     void transactionRollsBackUnlessCommitted();
     void olderStoreMovesToNameOrder();
 };
 
-namespace {
-QByteArray digest(const QString &path)
-{
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha1);
-}
-} // namespace
-
 void tst_DrinkStore::openRefusesWithoutWriting_data()
 {
-    QTest::addColumn<QByteArray>("content"); // null: no file at all
+    QTest::addColumn<QByteArray>("content"); // null: no file at all; "/": a folder
     QTest::addColumn<QString>("message");
     QTest::newRow("missing") << QByteArray() << "does not exist";
     QTest::newRow("damaged") << QByteArray(4096, 'x') << "not a database";
     // A zero-length file is an empty database to the engine, but holds no recipe book.
     QTest::newRow("not a drink store") << QByteArray("") << "not a drink store";
+    QTest::newRow("folder") << QByteArray("/") << "This is a folder, not a recipe book file";
 }
 
 void tst_DrinkStore::openRefusesWithoutWriting()
@@ -51,12 +42,11 @@ void tst_DrinkStore::openRefusesWithoutWriting()
     QFETCH(QString, message);
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("drinks.db"));
-    if (!content.isNull()) {
-        QFile f(path);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(content);
-    }
-    const QByteArray before = digest(path);
+    if (content == "/")
+        QVERIFY(QDir().mkdir(path));
+    else if (!content.isNull())
+        QVERIFY(writeFile(path, content));
+    const QByteArray before = readFile(path);
     try {
         DrinkStore store(path);
         QFAIL("the store opened");
@@ -65,55 +55,52 @@ void tst_DrinkStore::openRefusesWithoutWriting()
         QCOMPARE(e.statement(), path);
     }
     QCOMPARE(QFile::exists(path), !content.isNull());
-    QCOMPARE(digest(path), before);
+    QCOMPARE(readFile(path), before);
     QVERIFY(!QFile::exists(path + QStringLiteral("-wal")));
+    if (content == "/")
+        QVERIFY(QDir(path).isEmpty());
 }
 
 void tst_DrinkStore::keys_data()
 {
     QTest::addColumn<int>("rule");
     QTest::addColumn<int>("expected");
-    QTest::newRow("drink, editor") << 0 << 41;
-    QTest::newRow("drink, import") << 1 << 41;
-    QTest::newRow("ingredient, editor") << 2 << 8;
-    QTest::newRow("ingredient, add dialog") << 3 << 8;
-    QTest::newRow("ingredient, import") << 4 << 8;
-    QTest::newRow("category, import") << 5 << 13;
-    QTest::newRow("saved search: last row, not largest") << 6 << 3;
-    QTest::newRow("ingredient type: count plus one") << 7 << 4;
-    QTest::newRow("second new ingredient type") << 8 << 5;
+    QTest::addColumn<int>("onEmpty"); // the key in a store without rows
+    QTest::newRow("drink, editor") << 0 << 41 << 1;
+    QTest::newRow("drink, import") << 1 << 41 << 1;
+    QTest::newRow("ingredient, editor") << 2 << 8 << 1;
+    QTest::newRow("ingredient, add dialog") << 3 << 8 << 1;
+    QTest::newRow("ingredient, import") << 4 << 8 << 1;
+    QTest::newRow("category, import") << 5 << 13 << 1;
+    QTest::newRow("saved search: last row, not largest") << 6 << 3 << 1;
+    QTest::newRow("ingredient type: count plus one") << 7 << 4 << 1;
+    QTest::newRow("second new ingredient type") << 8 << 5 << 2;
 }
 
 void tst_DrinkStore::keys()
 {
     QFETCH(int, rule);
     QFETCH(int, expected);
+    QFETCH(int, onEmpty);
     // Keys with gaps, so that a rule counting rows is told apart from one taking the largest.
-    TestStore ts(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (3, 'a'), (40, 'b');"
+    TestStore empty, ts(QStringLiteral("INSERT INTO Drinks (id, Name) VALUES (3, 'a'), (40, 'b');"
                                 "INSERT INTO Ingredients (id, Ingredient) VALUES (7, 'x'), (2, 'y');"
                                 "INSERT INTO DrinkTypes VALUES (0, 'Unknown / Other'), (12, 'Tiki');"
                                 "INSERT INTO SavedSearch VALUES (9, 'first'), (2, 'second');"
                                 "INSERT INTO IngTypes VALUES (0, 'Undefined'), (1, 'Spirits'), (7, 'Other');"));
-    DrinkStore &s = ts.store();
-    const int got = rule == 0   ? KeyAllocation::nextDrinkIdForEditor(s)
-                    : rule == 1 ? KeyAllocation::nextDrinkIdForImport(s)
-                    : rule == 2 ? KeyAllocation::nextIngredientIdForEditor(s)
-                    : rule == 3 ? KeyAllocation::nextIngredientIdForAddDialog(s)
-                    : rule == 4 ? KeyAllocation::nextIngredientIdForImport(s)
-                    : rule == 5 ? KeyAllocation::nextDrinkTypeIdForImport(s)
-                    : rule == 6 ? KeyAllocation::nextSavedSearchId(s)
-                    : rule == 7 ? KeyAllocation::nextIngTypeId(s, 0)
-                                : KeyAllocation::nextIngTypeId(s, 1);
-    QCOMPARE(got, expected);
-}
-
-void tst_DrinkStore::keysOnEmptyTables()
-{
-    TestStore ts;
-    QCOMPARE(KeyAllocation::nextDrinkIdForEditor(ts.store()), 1);
-    QCOMPARE(KeyAllocation::nextIngredientIdForImport(ts.store()), 1);
-    QCOMPARE(KeyAllocation::nextSavedSearchId(ts.store()), 1);
-    QCOMPARE(KeyAllocation::nextIngTypeId(ts.store(), 0), 1);
+    const auto key = [rule](DrinkStore &s) {
+        return rule == 0   ? KeyAllocation::nextDrinkIdForEditor(s)
+               : rule == 1 ? KeyAllocation::nextDrinkIdForImport(s)
+               : rule == 2 ? KeyAllocation::nextIngredientIdForEditor(s)
+               : rule == 3 ? KeyAllocation::nextIngredientIdForAddDialog(s)
+               : rule == 4 ? KeyAllocation::nextIngredientIdForImport(s)
+               : rule == 5 ? KeyAllocation::nextDrinkTypeIdForImport(s)
+               : rule == 6 ? KeyAllocation::nextSavedSearchId(s)
+               : rule == 7 ? KeyAllocation::nextIngTypeId(s, 0)
+                           : KeyAllocation::nextIngTypeId(s, 1);
+    };
+    QCOMPARE(key(ts.store()), expected);
+    QCOMPARE(key(empty.store()), onEmpty);
 }
 
 void tst_DrinkStore::categoryKeyFromList()
@@ -157,10 +144,7 @@ void tst_DrinkStore::transactionRollsBackUnlessCommitted()
 void tst_DrinkStore::olderStoreMovesToNameOrder()
 {
     // A store as the earlier version made it: names compared by NOCASE, version 1.
-    QString schema = [] {
-        QFile f(TestStore::schemaFile());
-        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
-    }();
+    QString schema = QString::fromUtf8(readFile(TestStore::schemaFile()));
     QVERIFY(schema.contains(QLatin1String("NAMEFOLD")));
     schema.replace(QLatin1String("COLLATE NAMEFOLD"), QLatin1String("COLLATE NOCASE"));
     schema.replace(QLatin1String("user_version = 2"), QLatin1String("user_version = 1"));
