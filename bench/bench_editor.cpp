@@ -139,6 +139,9 @@ void editorCases(Bench::Registry &registry, const Bench::Store &store, DrinkStor
     Bench::Floor gridFloor;
     gridFloor.statements << QStringLiteral("SELECT id, Ingredient, UnitType, ozperunit, unitprice, Type, SubType, "
                                            "Notes FROM IngMaintList");
+    gridFloor.reason = QStringLiteral(
+        "every row becomes the grid's text: the ounces as a number text, the price through the locale's currency "
+        "format, eight QStrings a row from QVariants, where the shell prints the engine's bytes as they lie");
     registry.add(
         "ingmaint.load", QStringLiteral("Ingredient grid, %1 ingredients read and shown").arg(GridIngredients),
         manyStore,
