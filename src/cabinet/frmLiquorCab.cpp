@@ -93,6 +93,9 @@ frmLiquorCab::frmLiquorCab(DrinkStore &store, QWidget *parent) : QDialog(parent)
 
     // Form_Load
     ApplySchemeToForm(this);
+    // The tree keeps the platform's colours, so its branch marks and check boxes show on any
+    // scheme, as the drink editor's ingredient tree does.
+    KeepPlatformColors(tvIng);
     pnlProgress->hide();
 }
 

@@ -142,7 +142,7 @@ void frmAddEdit::Form_Load()
 {
     ApplySchemeToForm(this);
     // The tree keeps the platform's colours, its branch marks included, on any scheme.
-    tvIng->setPalette(QGuiApplication::palette());
+    KeepPlatformColors(tvIng);
     ShowPage(0);
     LoadLists();
 }

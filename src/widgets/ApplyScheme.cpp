@@ -157,3 +157,17 @@ void ApplySchemeToForm(QWidget *form)
 {
     ApplySchemeToForm(form, modCorvane::state());
 }
+
+void KeepPlatformColors(QWidget *control)
+{
+    const QPalette platform = QGuiApplication::palette();
+    QPalette p;
+    for (int g = 0; g < QPalette::NColorGroups; ++g) {
+        const auto group = QPalette::ColorGroup(g);
+        for (int r = 0; r < QPalette::NColorRoles; ++r) {
+            const auto role = QPalette::ColorRole(r);
+            p.setBrush(group, role, platform.brush(group, role)); // marks the role as set
+        }
+    }
+    control->setPalette(p);
+}

@@ -17,3 +17,8 @@ QColor schemeColor(quint32 value);
 void ApplySchemeToForm(QWidget *form, const modCorvane::State &s);
 // The same with the application's scheme.
 void ApplySchemeToForm(QWidget *form);
+
+// Gives a control the platform's colours whatever its form's scheme, every role set, so that
+// nothing falls back to the form: trees whose branch marks and check boxes must show on any
+// scheme.
+void KeepPlatformColors(QWidget *control);
