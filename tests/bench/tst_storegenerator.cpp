@@ -1,9 +1,6 @@
 #include "StoreGenerator.h"
 
-#include "editing/Measures.h"
 #include "editing/StarterBookWriter.h"
-#include "presentation/DrinkListModel.h"
-#include "presentation/ListSql.h"
 #include "store/DrinkStore.h"
 
 #include <QFile>
@@ -137,55 +134,9 @@ private slots:
         QCOMPARE(store.scalar(violations).toInt(), 0);
     }
 
-    // Each stored line must be what the editor would have stored for some typed amount and
-    // measure: the English text names the measure, and the metric text and ounces follow.
-    void linesFollowTheMeasureFunctions()
-    {
-        DrinkStore store(storeOf(m_dir));
-        QSqlQuery q = store.select(QStringLiteral("SELECT DISTINCT amount, MetricAmount, measure FROM DrinkRel"));
-        int forms = 0;
-        while (q.next()) {
-            ++forms;
-            const QString amount = q.value(0).toString(), metric = q.value(1).toString();
-            const float ounces = q.value(2).toFloat();
-            const QString typed = amount.section(u' ', 0, 0);
-            bool explained = false;
-            for (const QString &measure : EditorMeasureNames()) {
-                for (const QString &a : {typed, QString()}) {
-                    if (GetAmountText(a, measure) == amount && GetMetricAmountText(a, measure) == metric &&
-                        GetOunces(a, measure) == ounces)
-                        explained = true;
-                }
-            }
-            QVERIFY2(explained, qPrintable(QStringLiteral("%1 | %2 | %3").arg(amount, metric).arg(ounces)));
-        }
-        QVERIFY(forms > 20);
-    }
-
     void costIsWhatTheDrinkCostQueryGives()
     {
         QCOMPARE(StarterBookWriter::compareWithDrinkCostQuery(storeOf(m_dir)), QStringList());
-    }
-
-    // The main list reads the generated rows (the benchmarks check the drink page on them).
-    void theProgramReadsTheStore()
-    {
-        DrinkStore store(storeOf(m_dir));
-        DrinkListModel list;
-        list.load(store, BuildListSQL(6, 0, false, false));
-        QCOMPARE(list.rowCount(), Drinks);
-    }
-
-    void everyLetterTabHasDrinks()
-    {
-        QTemporaryDir dir;
-        StoreGenerator::generate(dir.path(), {3000, 1});
-        DrinkStore store(storeOf(dir));
-        DrinkListModel list;
-        for (int tab = 0; tab <= 26; ++tab) {
-            list.load(store, BuildListSQL(0, tab, false, false));
-            QVERIFY2(list.rowCount() > 0, qPrintable(QStringLiteral("tab %1").arg(tab)));
-        }
     }
 
     void aStoreIsReusedOnlyForTheSameOptions()

@@ -75,8 +75,7 @@ private slots:
     void validationOrder();
     void loadsStoredDrink();
     void addsDrinkWithNewIngredientAndTypedTexts();
-    void editKeepsIdAndDropsRatingAndMark();
-    void copyGetsNewIdAndLeavesSource();
+    void editKeepsIdAndDropsRatingAndMarkThenCopy();
     void sideTextReusesEqualEntryOnly_data();
     void sideTextReusesEqualEntryOnly();
     void failedSaveLeavesStoreAsItWas();
@@ -188,7 +187,7 @@ void tst_DrinkSave::addsDrinkWithNewIngredientAndTypedTexts()
     QCOMPARE(back.categoryIds, (QList<qint32>{4, 9}));
 }
 
-void tst_DrinkSave::editKeepsIdAndDropsRatingAndMark()
+void tst_DrinkSave::editKeepsIdAndDropsRatingAndMarkThenCopy()
 {
     TestStore t(QString::fromUtf8(kRows));
     DrinkStore &s = t.store();
@@ -208,19 +207,15 @@ void tst_DrinkSave::editKeepsIdAndDropsRatingAndMark()
              QStringLiteral("Dry Martini"));
     QCOMPARE(value(s, "SELECT IngID FROM DrinkRel WHERE DrinkID = 10 AND seq = 1").toInt(), 2);
     QCOMPARE(value(s, "SELECT COUNT(*) FROM Drinks").toInt(), 1);
-}
 
-void tst_DrinkSave::copyGetsNewIdAndLeavesSource()
-{
-    TestStore t(QString::fromUtf8(kRows));
-    DrinkStore &s = t.store();
+    // A copy of the edited drink gets a new id and leaves its source as it is.
     const QString before = dump(s);
-    DrinkDraft d = draftOf(s, 10);
+    d = draftOf(s, 10);
     d.drinkId = -1;
     d.name = QStringLiteral("Martini Copy");
-    const SaveOutcome out = SaveDrink(s, d);
-    QCOMPARE(out.drinkId, 11);
-    QVERIFY(!out.inSearchResults);
+    const SaveOutcome copy = SaveDrink(s, d);
+    QCOMPARE(copy.drinkId, 11);
+    QVERIFY(!copy.inSearchResults);
     QCOMPARE(value(s, "SELECT COUNT(*) FROM DrinkRel WHERE DrinkID = 11").toInt(), 3);
     QCOMPARE(value(s, "SELECT COUNT(*) FROM DrinkTypeRel WHERE DrinkID = 11").toInt(), 1);
     // Remove the copy's rows: what is left is the store exactly as before.

@@ -135,12 +135,12 @@ class tst_ColorDialogs : public QObject {
         QCOMPARE(child<QLineEdit>(&dlg, "txtName")->text(), lstColor->item(other)->text());
     }
 
-    void createAndEditNewScheme()
+    void createEditAndRenameSchemes()
     {
         State s;
         s.colorSchemeID = 70;
         frmColorScheme dlg(store(), s);
-        QList<std::optional<QColor>> picks{QColor(10, 20, 30), std::nullopt};
+        QList<std::optional<QColor>> picks{QColor(10, 20, 30), std::nullopt, QColor(0, 0, 255)};
         dlg.setColorPicker(answers(&picks));
 
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdNew"), Qt::LeftButton);
@@ -171,27 +171,22 @@ class tst_ColorDialogs : public QObject {
         QCOMPARE(ColorSchemes::all(store()).size(), 3);
         QCOMPARE(ColorSchemes::find(store(), added.id)->name, QStringLiteral("Dawn"));
         QCOMPARE(lstColor->currentItem()->text(), QStringLiteral("Dawn"));
-    }
 
-    void editExistingScheme()
-    {
-        State s;
-        frmColorScheme dlg(store(), s);
-        QList<std::optional<QColor>> picks{QColor(0, 0, 255)};
-        dlg.setColorPicker(answers(&picks));
+        // A stored scheme: a colour starts the edit, and the save changes that row alone.
+        lstColor->setCurrentRow(0);
         child<ColorButton>(&dlg, "pnlBackground")->click();
         QCOMPARE(editState(&dlg), kEditing);
         const QString name = QStringLiteral("Joe's \"Best\"");
         child<QLineEdit>(&dlg, "txtName")->setText(name);
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdSave"), Qt::LeftButton);
-
         QCOMPARE(editState(&dlg), kBrowsing);
         const ColorScheme row = *ColorSchemes::find(store(), 64);
         QCOMPARE(row.name, name);
         QCOMPARE(row.backgroundColor, 0xFF0000u);
         QCOMPARE(row.textColor, 3355443u);
         QCOMPARE(ColorSchemes::find(store(), 70)->name, QStringLiteral("Night"));
-        QCOMPARE(child<QListWidget>(&dlg, "lstColor")->item(0)->text(), name);
+        QCOMPARE(ColorSchemes::all(store()).size(), 3);
+        QCOMPARE(lstColor->item(0)->text(), name);
     }
 
     void deleteThenChoose()
