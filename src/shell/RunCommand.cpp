@@ -11,6 +11,7 @@
 #include "editing/frmAddEdit.h"
 #include "editing/frmMetricConvert.h"
 #include "reference/frmIngMaint.h"
+#include "pricing/frmDrinkPrices.h"
 #include "search/SearchDialogs.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
@@ -111,6 +112,13 @@ void frmMain::RunCommand(int command)
         }
         case 503: {
             frmIngMaint dlg(*m_store, this);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
+        case 505: {
+            frmDrinkPrices dlg(*m_store, this);
+            dlg.Setup(false);
             dlg.exec();
             ShowSelectedDrink();
             break;
