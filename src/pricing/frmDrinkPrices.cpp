@@ -131,7 +131,9 @@ frmDrinkPrices::frmDrinkPrices(DrinkStore &store, QWidget *parent) : QDialog(par
           std::tuple{"Average Drink Price:", &lblAvgPrice, "lblAvgPrice"}}) {
         stats->addWidget(new QLabel(QString::fromLatin1(caption), m_body), s, 0);
         *value = label(QString(), name, m_body);
-        stats->addWidget(*value, s++, 1, Qt::AlignRight);
+        (*value)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        (*value)->setMinimumWidth(90);
+        stats->addWidget(*value, s++, 1);
     }
     grid->addLayout(stats, row++, 0, 1, 4);
 
@@ -185,9 +187,6 @@ frmDrinkPrices::frmDrinkPrices(DrinkStore &store, QWidget *parent) : QDialog(par
     outer->addWidget(m_body);
 
     // Form_Load
-    QPalette blue = lblSBM->palette();
-    blue.setColor(QPalette::WindowText, QColor(0x00, 0x00, 0xFF));
-    lblSBM->setPalette(blue);
     for (int i = 0; i < RoundingStepCount; ++i)
         cmbRounding->addItem(RoundingStep(i).format());
     optMarkup->setChecked(true);
@@ -196,6 +195,8 @@ frmDrinkPrices::frmDrinkPrices(DrinkStore &store, QWidget *parent) : QDialog(par
     txtIncreasePct->setText(QStringLiteral("0"));
     cmbRounding->setCurrentIndex(0);
     ApplySchemeToForm(this);
+    // The line about the book is blue whatever the scheme, as a link is.
+    lblSBM->setStyleSheet(QStringLiteral("color: #0000FF"));
 }
 
 void frmDrinkPrices::Setup(bool settingsMode)
