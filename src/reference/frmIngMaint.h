@@ -26,6 +26,8 @@ public slots:
     void cmdCancel_Click();
     void cmdAdd_Click();
     void cmdRemove_Click();
+    void cmdMerge_Click();
+    void cmdUsage_Click();
 
 private:
     void LoadGrid();
