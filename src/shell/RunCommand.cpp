@@ -10,6 +10,7 @@
 #include "cabinet/frmLiquorCab.h"
 #include "editing/frmAddEdit.h"
 #include "editing/frmMetricConvert.h"
+#include "reference/frmDrinkCats.h"
 #include "reference/frmIngMaint.h"
 #include "pricing/frmDrinkPrices.h"
 #include "search/SearchDialogs.h"
@@ -103,6 +104,12 @@ void frmMain::RunCommand(int command)
         case 403:
             MarkAll(command == 402);
             break;
+        case 404: {
+            frmConvToCat dlg(*m_store, this);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
         case 501: {
             frmLiquorCab dlg(*m_store, this);
             dlg.exec();
@@ -119,6 +126,12 @@ void frmMain::RunCommand(int command)
         case 505: {
             frmDrinkPrices dlg(*m_store, this);
             dlg.Setup(false);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
+        case 506: {
+            frmDrinkCats dlg(*m_store, this);
             dlg.exec();
             ShowSelectedDrink();
             break;
