@@ -5,6 +5,7 @@
 #include "reference/IngredientMerge.h"
 #include "reference/frmIngAdd.h"
 #include "reference/frmIngMerge.h"
+#include "reference/frmIngTypes.h"
 #include "store/DrinkStore.h"
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
@@ -107,8 +108,7 @@ frmIngMaint::frmIngMaint(DrinkStore &store, QWidget *parent) : QDialog(parent), 
                       this);
     cmdCats = button(QStringLiteral("&Types..."), "cmdCats", QStringLiteral("Edit the ingredient type and sub types"),
                      this);
-    // The type dialog comes with its own issue.
-    cmdCats->setEnabled(false);
+    connect(cmdCats, &QPushButton::clicked, this, &frmIngMaint::cmdCats_Click);
     connect(cmdMerge, &QPushButton::clicked, this, &frmIngMaint::cmdMerge_Click);
     connect(cmdUsage, &QPushButton::clicked, this, &frmIngMaint::cmdUsage_Click);
     connect(cmdSave, &QPushButton::clicked, this, &frmIngMaint::cmdSave_Click);
@@ -285,4 +285,12 @@ void frmIngMaint::cmdUsage_Click()
     frmIngUsage usage(m_store, this);
     if (runGuarded(this, [&] { usage.Setup(m_grid->cell(row, ID).toInt(), m_grid->cell(row, Name)); }))
         usage.exec();
+}
+
+void frmIngMaint::cmdCats_Click()
+{
+    frmIngTypes types(m_store, this);
+    types.exec();
+    // The type column picks from the types as they are now.
+    runGuarded(this, [this] { m_typeNames = IngTypeNames(m_store); });
 }

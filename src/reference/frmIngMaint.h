@@ -28,6 +28,7 @@ public slots:
     void cmdRemove_Click();
     void cmdMerge_Click();
     void cmdUsage_Click();
+    void cmdCats_Click();
 
 private:
     void LoadGrid();

@@ -12,6 +12,7 @@
 #include "editing/frmMetricConvert.h"
 #include "reference/frmDrinkCats.h"
 #include "reference/frmIngMaint.h"
+#include "reference/frmIngTypes.h"
 #include "pricing/frmDrinkPrices.h"
 #include "search/SearchDialogs.h"
 #include "shell/CommandPanels.h"
@@ -119,6 +120,12 @@ void frmMain::RunCommand(int command)
         }
         case 503: {
             frmIngMaint dlg(*m_store, this);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
+        case 504: {
+            frmIngTypes dlg(*m_store, this);
             dlg.exec();
             ShowSelectedDrink();
             break;
