@@ -75,6 +75,7 @@ void frmIngMerge::fillTree()
         item->setData(0, Qt::UserRole + 1, n.tag);
         items.push_back(item);
     }
+    tvIng->expandAll();
 }
 
 void frmIngMerge::cmdSave_Click()

@@ -29,6 +29,13 @@ void select(QListWidget *list, const QString &text)
 {
     list->setCurrentItem(list->findItems(text, Qt::MatchExactly).value(0));
 }
+
+// Where CORVANE_SHOTS names a folder, a picture of the dialog goes there.
+void shoot(QWidget *w, const char *name)
+{
+    if (qEnvironmentVariableIsSet("CORVANE_SHOTS"))
+        w->grab().save(qEnvironmentVariable("CORVANE_SHOTS") + u'/' + QLatin1String(name) + ".png");
+}
 } // namespace
 
 class tst_DrinkCategories : public QObject {
@@ -107,6 +114,7 @@ void tst_DrinkCategories::categoriesWorkflow()
         QVERIFY(seen.contains(QStringLiteral("Are you sure that you want to remove the 'Sour' drink category from "
                                              "the list.\nAll drinks with this category will be changed to 'Unknown / "
                                              "Other'")));
+        shoot(dialog, "categories");
         child<QPushButton>(dialog, "cmdClose")->click();
     });
     child<QPushButton>(&convert, "cmdEditCats")->click();
@@ -124,6 +132,7 @@ void tst_DrinkCategories::categoriesWorkflow()
     QVERIFY(convert.isVisible());
     // The marked drinks gain "Tiki", once each, and lose nothing; the unmarked one is left alone.
     select(cats, QStringLiteral("Tiki \"hot\""));
+    shoot(&convert, "convert");
     child<QPushButton>(&convert, "cmdOK")->click();
     QVERIFY(!convert.isVisible());
     QCOMPARE(relations(store), QStringLiteral("1:0 1:5 2:5 3:0 3:5"));

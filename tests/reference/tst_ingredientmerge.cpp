@@ -12,6 +12,13 @@
 #include <QTreeWidget>
 
 namespace {
+// Where CORVANE_SHOTS names a folder, a picture of the dialog goes there.
+void shoot(QWidget *w, const char *name)
+{
+    if (qEnvironmentVariableIsSet("CORVANE_SHOTS"))
+        w->grab().save(qEnvironmentVariable("CORVANE_SHOTS") + u'/' + QLatin1String(name) + ".png");
+}
+
 // Rum (1) is in "Daiquiri" and twice over in "Mojito «fresh»", which also has lime (2); soda (3)
 // is in no drink.
 const QString Rows = QStringLiteral(
@@ -59,6 +66,7 @@ private:
         } else if (top && top->objectName() == QLatin1String("frmIngMerge") && !m_steps.isEmpty()) {
             const QString step = m_steps.takeFirst();
             notes << child<QLabel>(top, "lblNote")->text();
+            shoot(top, "merge");
             auto *tree = child<QTreeWidget>(top, "tvIng");
             if (step == QLatin1String("<cancel>")) {
                 press(child<QPushButton>(top, "cmdCancel"));
@@ -74,6 +82,7 @@ private:
     QStringList m_steps;
     QTimer m_timer;
 };
+
 } // namespace
 
 class tst_IngredientMerge : public QObject {
@@ -126,6 +135,7 @@ void tst_IngredientMerge::mergeFromTheGrid()
         QWidget *dialog = QApplication::activeModalWidget();
         QCOMPARE(child<QListWidget>(dialog, "lstDrinks")->count(), 2);
         QCOMPARE(child<QLabel>(dialog, "lblCount")->text(), QStringLiteral("2 drinks."));
+        shoot(dialog, "usage");
         child<QPushButton>(dialog, "cmdClose")->click();
     });
     child<QPushButton>(&form, "cmdUsage")->click();

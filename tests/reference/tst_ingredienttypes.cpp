@@ -34,6 +34,13 @@ QString ingredients(DrinkStore &store)
                                        "Ingredients ORDER BY id)"))
         .toString();
 }
+
+// Where CORVANE_SHOTS names a folder, a picture of the dialog goes there.
+void shoot(QWidget *w, const char *name)
+{
+    if (qEnvironmentVariableIsSet("CORVANE_SHOTS"))
+        w->grab().save(qEnvironmentVariable("CORVANE_SHOTS") + u'/' + QLatin1String(name) + ".png");
+}
 } // namespace
 
 class tst_IngredientTypes : public QObject {
@@ -112,6 +119,7 @@ void tst_IngredientTypes::editInTheTree()
     child<QPushButton>(&form, "cmdDelete")->click();
     QVERIFY(seen.contains(QStringLiteral("Ingredient Type and it's Sub Types?")));
 
+    shoot(&form, "types");
     child<QPushButton>(&form, "cmdSave")->click();
     QVERIFY(!form.isVisible());
     QCOMPARE(types(ts.store()), QStringLiteral("0=Undefined|2=Juice «fresh»|3=Bitters"));
