@@ -69,6 +69,7 @@ private:
     void LoadLists();
     void LoadIngredientTree();
     void ShowPriceSettings();
+    void cmdPriceSettings_Click();
     void LoadDrink();
     void LoadPicture(const QString &imageFilePath);
     bool SaveDrink();

@@ -7,6 +7,7 @@
 #include "editing/Measures.h"
 #include "presentation/TextGridModel.h"
 #include "presentation/PageFiles.h"
+#include "pricing/frmDrinkPrices.h"
 #include "store/DrinkStore.h"
 
 #include <QCheckBox>
@@ -193,8 +194,7 @@ QWidget *frmAddEdit::buildPricingPage()
     cmdResetCost = button(QStringLiteral("Reset C&ost"), "cmdResetCost", page);
     cmdResetPrice = button(QStringLiteral("Reset P&rice"), "cmdResetPrice", page);
     cmdPriceSettings = button(QStringLiteral("Price &Settings"), "cmdPriceSettings", page);
-    // The prices dialog is not part of the program yet: its button waits for it.
-    cmdPriceSettings->setEnabled(false);
+    connect(cmdPriceSettings, &QPushButton::clicked, this, &frmAddEdit::cmdPriceSettings_Click);
     chkLockPrice = named(new QCheckBox(QStringLiteral("Lock the price so it will not change when prices are "
                                                       "recalculated."),
                                        page),
@@ -291,6 +291,14 @@ void frmAddEdit::LoadIngredientTree()
             roots.append(item);
     }
     tvIng->addTopLevelItems(roots);
+}
+
+void frmAddEdit::cmdPriceSettings_Click()
+{
+    frmDrinkPrices dialog(m_store, this);
+    dialog.Setup(true);
+    dialog.exec();
+    ShowPriceSettings();
 }
 
 void frmAddEdit::ShowPriceSettings()

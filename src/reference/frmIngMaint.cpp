@@ -2,7 +2,10 @@
 
 #include "presentation/TextGridModel.h"
 #include "reference/IngredientMaint.h"
+#include "reference/IngredientMerge.h"
 #include "reference/frmIngAdd.h"
+#include "reference/frmIngMerge.h"
+#include "reference/frmIngTypes.h"
 #include "store/DrinkStore.h"
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
@@ -105,9 +108,9 @@ frmIngMaint::frmIngMaint(DrinkStore &store, QWidget *parent) : QDialog(parent), 
                       this);
     cmdCats = button(QStringLiteral("&Types..."), "cmdCats", QStringLiteral("Edit the ingredient type and sub types"),
                      this);
-    // Merge, usage and the type dialog come with their own dialogs.
-    for (QPushButton *b : {cmdMerge, cmdUsage, cmdCats})
-        b->setEnabled(false);
+    connect(cmdCats, &QPushButton::clicked, this, &frmIngMaint::cmdCats_Click);
+    connect(cmdMerge, &QPushButton::clicked, this, &frmIngMaint::cmdMerge_Click);
+    connect(cmdUsage, &QPushButton::clicked, this, &frmIngMaint::cmdUsage_Click);
     connect(cmdSave, &QPushButton::clicked, this, &frmIngMaint::cmdSave_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmIngMaint::cmdCancel_Click);
     connect(cmdAdd, &QPushButton::clicked, this, &frmIngMaint::cmdAdd_Click);
@@ -247,4 +250,47 @@ void frmIngMaint::cmdRemove_Click()
         LoadGrid();
     });
     selectCell(std::min(row, m_grid->rowCount() - 1), Name);
+}
+
+void frmIngMaint::cmdMerge_Click()
+{
+    const int row = cfIng->currentIndex().row();
+    if (row < 0 || row >= m_grid->rowCount())
+        return;
+    const qint32 source = m_grid->cell(row, ID).toInt();
+    if (source <= 0)
+        return;
+    frmIngMerge merge(m_store, this);
+    merge.setIngID(source);
+    merge.setIngName(m_grid->cell(row, Name));
+    merge.exec();
+    // The grid is saved first, even when the merge is then refused.
+    if (merge.WasCanceled() || !SaveGrid())
+        return;
+    if (merge.IngID() == source) {
+        plainMessage(this, IngredientMerge::SelfMergeMessage());
+        return;
+    }
+    runGuarded(this, [&] {
+        IngredientMerge::MergeIngredient(m_store, source, merge.IngID());
+        LoadGrid();
+    });
+}
+
+void frmIngMaint::cmdUsage_Click()
+{
+    const int row = cfIng->currentIndex().row();
+    if (row < 0 || row >= m_grid->rowCount())
+        return;
+    frmIngUsage usage(m_store, this);
+    if (runGuarded(this, [&] { usage.Setup(m_grid->cell(row, ID).toInt(), m_grid->cell(row, Name)); }))
+        usage.exec();
+}
+
+void frmIngMaint::cmdCats_Click()
+{
+    frmIngTypes types(m_store, this);
+    types.exec();
+    // The type column picks from the types as they are now.
+    runGuarded(this, [this] { m_typeNames = IngTypeNames(m_store); });
 }

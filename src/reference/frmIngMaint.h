@@ -26,6 +26,9 @@ public slots:
     void cmdCancel_Click();
     void cmdAdd_Click();
     void cmdRemove_Click();
+    void cmdMerge_Click();
+    void cmdUsage_Click();
+    void cmdCats_Click();
 
 private:
     void LoadGrid();

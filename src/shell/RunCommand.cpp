@@ -10,7 +10,10 @@
 #include "cabinet/frmLiquorCab.h"
 #include "editing/frmAddEdit.h"
 #include "editing/frmMetricConvert.h"
+#include "reference/frmDrinkCats.h"
 #include "reference/frmIngMaint.h"
+#include "reference/frmIngTypes.h"
+#include "pricing/frmDrinkPrices.h"
 #include "search/SearchDialogs.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
@@ -102,6 +105,12 @@ void frmMain::RunCommand(int command)
         case 403:
             MarkAll(command == 402);
             break;
+        case 404: {
+            frmConvToCat dlg(*m_store, this);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
         case 501: {
             frmLiquorCab dlg(*m_store, this);
             dlg.exec();
@@ -111,6 +120,25 @@ void frmMain::RunCommand(int command)
         }
         case 503: {
             frmIngMaint dlg(*m_store, this);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
+        case 504: {
+            frmIngTypes dlg(*m_store, this);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
+        case 505: {
+            frmDrinkPrices dlg(*m_store, this);
+            dlg.Setup(false);
+            dlg.exec();
+            ShowSelectedDrink();
+            break;
+        }
+        case 506: {
+            frmDrinkCats dlg(*m_store, this);
             dlg.exec();
             ShowSelectedDrink();
             break;
