@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <memory>
 
 CvxImporter::CvxImporter(DrinkStore &store)
     : m_store(store),
@@ -15,7 +16,9 @@ CvxImporter::CvxImporter(DrinkStore &store)
       m_addDrink(store.prepare(QStringLiteral("INSERT INTO Drinks (id, Name, Description, GlassType) VALUES (?, ?, ?, ?)"))),
       m_addType(store.prepare(QStringLiteral("INSERT INTO DrinkTypes (TypeID, Type) VALUES (?, ?)"))),
       m_addTypeRel(store.prepare(QStringLiteral("INSERT INTO DrinkTypeRel (DrinkID, DrinkTypeID) VALUES (?, ?)"))),
-      m_hasTypeRel(store.prepare(QStringLiteral("SELECT Count(DrinkID) FROM DrinkTypeRel WHERE DrinkID = ? AND DrinkTypeID = ?"))),
+      // A drink has few links and a category many: the drink's index is the one to read.
+      m_hasTypeRel(store.prepare(QStringLiteral(
+          "SELECT Count(DrinkID) FROM DrinkTypeRel WHERE DrinkID = ? AND +DrinkTypeID = ?"))),
       m_addIng(store.prepare(QStringLiteral("INSERT INTO Ingredients (id, Ingredient) VALUES (?, ?)"))),
       m_addLine(store.prepare(QStringLiteral(
           "INSERT INTO DrinkRel (DrinkID, IngID, seq, amount, MetricAmount, measure) VALUES (?, ?, ?, ?, ?, ?)")))
@@ -145,10 +148,40 @@ CvxImportResult importCvxFile(DrinkStore &store, const QString &path,
     }
     CvxImporter importer(store);
     CvxRecord record;
+    // Records are committed a group at a time, each one whole inside its group: a record that
+    // fails is taken back alone, and the records before it stay.
+    constexpr int kGroup = 500;
+    int inGroup = 0;
+    std::unique_ptr<ScopedTransaction> group;
+    const auto commitGroup = [&] {
+        if (group)
+            group->commit();
+        group.reset();
+        inGroup = 0;
+    };
+    QSqlQuery savepoint(store.database());
     try {
-        while (reader.next(record))
-            onRecord(importer.importRecord(record));
+        while (reader.next(record)) {
+            if (!group)
+                group = std::make_unique<ScopedTransaction>(store);
+            savepoint.exec(QStringLiteral("SAVEPOINT cvx_record"));
+            CvxImporter::Outcome outcome;
+            try {
+                outcome = importer.importRecord(record);
+            } catch (...) {
+                savepoint.exec(QStringLiteral("ROLLBACK TO cvx_record"));
+                savepoint.exec(QStringLiteral("RELEASE cvx_record"));
+                commitGroup();
+                throw;
+            }
+            savepoint.exec(QStringLiteral("RELEASE cvx_record"));
+            if (++inGroup == kGroup)
+                commitGroup();
+            onRecord(outcome);
+        }
+        commitGroup();
     } catch (const CvxError &e) {
+        commitGroup();
         result.status = CvxImportResult::StoppedAtBadRecord;
         result.line = e.line();
         result.message = QStringLiteral("The import stopped in %1 at line %2: %3").arg(shown).arg(e.line()).arg(e.why());
