@@ -2,8 +2,12 @@
 
 #include "base/Cp1252.h"
 #include "base/VbConvert.h"
+#include "exchange/ExportFile.h"
+#include "store/DrinkStore.h"
 
 #include <QFile>
+#include <QStringList>
+#include <vector>
 
 MapLookup lookupMapId(const QString &mapFilePath, const QString &mapId)
 {
@@ -35,4 +39,21 @@ MapLookup lookupMapId(const QString &mapFilePath, const QString &mapId)
 QString mapIdNotFoundMessage(const QString &mapId)
 {
     return QStringLiteral("Unable to find %1 in the map file.").arg(mapId);
+}
+
+QString writeMapFile(DrinkStore &store, const QString &mapFilePath)
+{
+    std::vector<qint32> ids;
+    QStringList names;
+    store.selectIdNames(QStringLiteral("SELECT id, Name FROM Drinks ORDER BY Name"), ids, names);
+    QString text;
+    for (size_t i = 0; i < ids.size(); ++i)
+        text += names.at(qsizetype(i)).trimmed() + u';' + QString::number(ids[i]) + QStringLiteral(";\r\n");
+    return writeExportFile(mapFilePath, text);
+}
+
+QString replaceMapFileQuestion()
+{
+    return QStringLiteral("This will replace your existing MAP file with a new one.  Any information in the old one "
+                          "will be lost.  Do you want to continue?");
 }

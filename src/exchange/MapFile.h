@@ -13,3 +13,9 @@ struct MapLookup {
 MapLookup lookupMapId(const QString &mapFilePath, const QString &mapId);
 
 QString mapIdNotFoundMessage(const QString &mapId);
+
+class DrinkStore;
+// Writes every drink as "<name>;<id>;" in name order, with empty keys for the user to fill
+// in. Returns "" or the reason it failed.
+QString writeMapFile(DrinkStore &store, const QString &mapFilePath);
+QString replaceMapFileQuestion();

@@ -10,6 +10,8 @@
 #include "cabinet/frmLiquorCab.h"
 #include "editing/frmAddEdit.h"
 #include "editing/frmMetricConvert.h"
+#include "exchange/frmDXExport.h"
+#include "exchange/frmDXImport.h"
 #include "reference/frmDrinkCats.h"
 #include "reference/frmIngMaint.h"
 #include "reference/frmIngTypes.h"
@@ -39,6 +41,22 @@ void frmMain::RunCommand(int command)
     auto &state = modCorvane::state();
     guarded([&] {
         switch (command) {
+        case 1: {
+            frmDXImport dlg(*m_store, this);
+            dlg.exec();
+            if (dlg.addedAny())
+                m_list->reloadWithCurrentTab();
+            ShowSelectedDrink();
+            break;
+        }
+        case 2:
+        case 3:
+        case 8: {
+            frmDXExport dlg(*m_store, *m_facade, m_listModel, this);
+            dlg.Setup(command == 2 ? 1 : command == 3 ? 2 : 3);
+            dlg.exec();
+            break;
+        }
         case 6:
             QApplication::exit(0);
             break;
