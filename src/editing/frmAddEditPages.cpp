@@ -9,6 +9,7 @@
 #include "presentation/PageFiles.h"
 #include "pricing/frmDrinkPrices.h"
 #include "store/DrinkStore.h"
+#include "widgets/DialogButton.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,13 +34,6 @@ template <typename W> W *named(W *w, const char *name)
 {
     w->setObjectName(QString::fromLatin1(name));
     return w;
-}
-
-QPushButton *button(const QString &caption, const char *name, QWidget *parent)
-{
-    auto *b = named(new QPushButton(caption, parent), name);
-    b->setAutoDefault(false);
-    return b;
 }
 
 QTableView *lineGrid(TextGridModel *model, const char *name, QWidget *parent)
@@ -75,11 +69,11 @@ QWidget *frmAddEdit::buildIngredientPage()
     tvIng = named(new QTreeWidget(page), "tvIng");
     tvIng->setHeaderHidden(true);
     cfIng = lineGrid(m_lines, "cfIng", page);
-    cmdAddIng = button(QStringLiteral("&Add"), "cmdAddIng", page);
-    cmdEditIng = button(QStringLiteral("&Edit Ingredients..."), "cmdEditIng", page);
-    cmdRemoveIng = button(QStringLiteral("&Remove"), "cmdRemoveIng", page);
-    cmdMoveUp = button(QStringLiteral("Move &Up"), "cmdMoveUp", page);
-    cmdMoveDown = button(QStringLiteral("&Move Down"), "cmdMoveDown", page);
+    cmdAddIng = dialogButton(QStringLiteral("&Add"), "cmdAddIng", page);
+    cmdEditIng = dialogButton(QStringLiteral("&Edit Ingredients..."), "cmdEditIng", page);
+    cmdRemoveIng = dialogButton(QStringLiteral("&Remove"), "cmdRemoveIng", page);
+    cmdMoveUp = dialogButton(QStringLiteral("Move &Up"), "cmdMoveUp", page);
+    cmdMoveDown = dialogButton(QStringLiteral("&Move Down"), "cmdMoveDown", page);
     cmdRemoveIng->setEnabled(false);
     connect(cmdAddIng, &QPushButton::clicked, this, &frmAddEdit::cmdAddIng_Click);
     connect(cmdEditIng, &QPushButton::clicked, this, &frmAddEdit::cmdEditIng_Click);
@@ -191,9 +185,9 @@ QWidget *frmAddEdit::buildPricingPage()
     auto *page = new QWidget(this);
     txtCost = named(new QLineEdit(page), "txtCost");
     txtPrice = named(new QLineEdit(page), "txtPrice");
-    cmdResetCost = button(QStringLiteral("Reset C&ost"), "cmdResetCost", page);
-    cmdResetPrice = button(QStringLiteral("Reset P&rice"), "cmdResetPrice", page);
-    cmdPriceSettings = button(QStringLiteral("Price &Settings"), "cmdPriceSettings", page);
+    cmdResetCost = dialogButton(QStringLiteral("Reset C&ost"), "cmdResetCost", page);
+    cmdResetPrice = dialogButton(QStringLiteral("Reset P&rice"), "cmdResetPrice", page);
+    cmdPriceSettings = dialogButton(QStringLiteral("Price &Settings"), "cmdPriceSettings", page);
     connect(cmdPriceSettings, &QPushButton::clicked, this, &frmAddEdit::cmdPriceSettings_Click);
     chkLockPrice = named(new QCheckBox(QStringLiteral("Lock the price so it will not change when prices are "
                                                       "recalculated."),
@@ -229,7 +223,7 @@ QWidget *frmAddEdit::buildPicturePage()
 {
     auto *page = new QWidget(this);
     txtDrinkImagePath = named(new QLineEdit(page), "txtDrinkImagePath");
-    cmdBrowse = button(QStringLiteral("&Browse..."), "cmdBrowse", page);
+    cmdBrowse = dialogButton(QStringLiteral("&Browse..."), "cmdBrowse", page);
     pnlDrinkImage = named(new QLabel(page), "pnlDrinkImage");
     pnlDrinkImage->setAlignment(Qt::AlignCenter);
     pnlDrinkImage->setFrameShape(QFrame::StyledPanel);

@@ -5,6 +5,7 @@
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
+#include "widgets/DialogButton.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -41,13 +42,6 @@ template <typename W> W *named(W *w, const char *name)
 QLabel *label(const QString &text, const char *name, QWidget *parent)
 {
     return named(new QLabel(text, parent), name);
-}
-
-QPushButton *button(const QString &caption, const char *name, QWidget *parent)
-{
-    auto *b = named(new QPushButton(caption, parent), name);
-    b->setAutoDefault(false);
-    return b;
 }
 
 // A label that acts on a click, for the line about the book.
@@ -152,10 +146,10 @@ frmDrinkPrices::frmDrinkPrices(DrinkStore &store, QWidget *parent) : QDialog(par
     book->addLayout(bookText, 1);
     grid->addLayout(book, row++, 0, 1, 4);
 
-    cmdUpdate = button(QStringLiteral("&Update Prices"), "cmdUpdate", m_body);
-    cmdOK = button(QStringLiteral("&OK"), "cmdOK", m_body);
-    cmdCancel = button(QStringLiteral("&Cancel"), "cmdCancel", m_body);
-    cmdIng = button(QStringLiteral("&Edit Ingredient List..."), "cmdIng", m_body);
+    cmdUpdate = dialogButton(QStringLiteral("&Update Prices"), "cmdUpdate", m_body);
+    cmdOK = dialogButton(QStringLiteral("&OK"), "cmdOK", m_body);
+    cmdCancel = dialogButton(QStringLiteral("&Cancel"), "cmdCancel", m_body);
+    cmdIng = dialogButton(QStringLiteral("&Edit Ingredient List..."), "cmdIng", m_body);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(cmdIng);
     buttons->addStretch(1);
@@ -177,7 +171,7 @@ frmDrinkPrices::frmDrinkPrices(DrinkStore &store, QWidget *parent) : QDialog(par
     lblProgress = label(QString(), "lblProgress", pnlProgress);
     lblProgress->setAlignment(Qt::AlignCenter);
     lblProgress->setMinimumWidth(260);
-    cmdCancelSearch = button(QStringLiteral("Cancel"), "cmdCancelSearch", pnlProgress);
+    cmdCancelSearch = dialogButton(QStringLiteral("Cancel"), "cmdCancelSearch", pnlProgress);
     panel->addWidget(lblProgress);
     panel->addWidget(cmdCancelSearch, 0, Qt::AlignCenter);
     connect(cmdCancelSearch, &QPushButton::clicked, this, &frmDrinkPrices::cmdCancelSearch_Click);

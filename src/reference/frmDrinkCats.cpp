@@ -4,6 +4,7 @@
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
+#include "widgets/DialogButton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,14 +17,6 @@
 using namespace DrinkCategories;
 
 namespace {
-QPushButton *button(const QString &caption, const char *name, QWidget *parent)
-{
-    auto *b = new QPushButton(caption, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    b->setAutoDefault(false);
-    return b;
-}
-
 QListWidget *categoryList(const char *name, QWidget *parent)
 {
     auto *list = new QListWidget(parent);
@@ -59,10 +52,10 @@ frmDrinkCats::frmDrinkCats(DrinkStore &store, QWidget *parent) : QDialog(parent)
     lstTypes = categoryList("lstTypes", this);
     txtType = new QLineEdit(this);
     txtType->setObjectName(QStringLiteral("txtType"));
-    cmdAdd = button(QStringLiteral("&Add"), "cmdAdd", this);
-    cmdUpdate = button(QStringLiteral("&Update"), "cmdUpdate", this);
-    cmdRemove = button(QStringLiteral("&Remove"), "cmdRemove", this);
-    cmdClose = button(QStringLiteral("&Close"), "cmdClose", this);
+    cmdAdd = dialogButton(QStringLiteral("&Add"), "cmdAdd", this);
+    cmdUpdate = dialogButton(QStringLiteral("&Update"), "cmdUpdate", this);
+    cmdRemove = dialogButton(QStringLiteral("&Remove"), "cmdRemove", this);
+    cmdClose = dialogButton(QStringLiteral("&Close"), "cmdClose", this);
     connect(lstTypes, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) { txtType->setText(item->text()); });
     connect(cmdAdd, &QPushButton::clicked, this, &frmDrinkCats::cmdAdd_Click);
     connect(cmdUpdate, &QPushButton::clicked, this, &frmDrinkCats::cmdUpdate_Click);
@@ -152,9 +145,9 @@ frmConvToCat::frmConvToCat(DrinkStore &store, QWidget *parent) : QDialog(parent)
     Label1 = new QLabel(QStringLiteral("Choose the category to give every marked drink:"), this);
     Label1->setObjectName(QStringLiteral("Label1"));
     lstCats = categoryList("lstCats", this);
-    cmdOK = button(QStringLiteral("&OK"), "cmdOK", this);
-    cmdCancel = button(QStringLiteral("&Cancel"), "cmdCancel", this);
-    cmdEditCats = button(QStringLiteral("&Edit Categories..."), "cmdEditCats", this);
+    cmdOK = dialogButton(QStringLiteral("&OK"), "cmdOK", this);
+    cmdCancel = dialogButton(QStringLiteral("&Cancel"), "cmdCancel", this);
+    cmdEditCats = dialogButton(QStringLiteral("&Edit Categories..."), "cmdEditCats", this);
     connect(cmdOK, &QPushButton::clicked, this, &frmConvToCat::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(cmdEditCats, &QPushButton::clicked, this, &frmConvToCat::cmdEditCats_Click);

@@ -5,6 +5,7 @@
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
+#include "widgets/DialogButton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,16 +13,6 @@
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-
-namespace {
-QPushButton *button(const QString &caption, const char *name, QWidget *parent)
-{
-    auto *b = new QPushButton(caption, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    b->setAutoDefault(false);
-    return b;
-}
-} // namespace
 
 frmIngMerge::frmIngMerge(DrinkStore &store, QWidget *parent) : QDialog(parent), m_store(store)
 {
@@ -33,8 +24,8 @@ frmIngMerge::frmIngMerge(DrinkStore &store, QWidget *parent) : QDialog(parent), 
     tvIng = new QTreeWidget(this);
     tvIng->setObjectName(QStringLiteral("tvIng"));
     tvIng->setHeaderHidden(true);
-    cmdSave = button(QStringLiteral("&Merge"), "cmdSave", this);
-    cmdCancel = button(QStringLiteral("&Cancel"), "cmdCancel", this);
+    cmdSave = dialogButton(QStringLiteral("&Merge"), "cmdSave", this);
+    cmdCancel = dialogButton(QStringLiteral("&Cancel"), "cmdCancel", this);
     connect(cmdSave, &QPushButton::clicked, this, &frmIngMerge::cmdSave_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     auto *buttons = new QHBoxLayout;
@@ -102,7 +93,7 @@ frmIngUsage::frmIngUsage(DrinkStore &store, QWidget *parent) : QDialog(parent), 
     lstDrinks->setObjectName(QStringLiteral("lstDrinks"));
     lblCount = new QLabel(this);
     lblCount->setObjectName(QStringLiteral("lblCount"));
-    cmdClose = button(QStringLiteral("&Close"), "cmdClose", this);
+    cmdClose = dialogButton(QStringLiteral("&Close"), "cmdClose", this);
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
     auto *bottom = new QHBoxLayout;
     bottom->addWidget(lblCount, 1);

@@ -3,6 +3,7 @@
 #include "reference/IngredientTypes.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
+#include "widgets/DialogButton.h"
 
 #include <QHBoxLayout>
 #include <QMessageBox>
@@ -16,13 +17,6 @@ namespace {
 constexpr int TagRole = Qt::UserRole;
 constexpr int TextRole = Qt::UserRole + 1; // the text before the edit, to go back to on a veto
 
-QPushButton *button(const QString &caption, const char *name, QWidget *parent)
-{
-    auto *b = new QPushButton(caption, parent);
-    b->setObjectName(QString::fromLatin1(name));
-    b->setAutoDefault(false);
-    return b;
-}
 } // namespace
 
 frmIngTypes::frmIngTypes(DrinkStore &store, QWidget *parent) : QDialog(parent), m_store(store)
@@ -34,11 +28,11 @@ frmIngTypes::frmIngTypes(DrinkStore &store, QWidget *parent) : QDialog(parent), 
     tvIngTypes->setHeaderHidden(true);
     tvIngTypes->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                                 QAbstractItemView::SelectedClicked);
-    cmdAddType = button(QStringLiteral("&Add Type"), "cmdAddType", this);
-    cmdAddSubType = button(QStringLiteral("Add Sub &Type"), "cmdAddSubType", this);
-    cmdDelete = button(QStringLiteral("&Delete"), "cmdDelete", this);
-    cmdSave = button(QStringLiteral("&Save"), "cmdSave", this);
-    cmdCancel = button(QStringLiteral("&Cancel"), "cmdCancel", this);
+    cmdAddType = dialogButton(QStringLiteral("&Add Type"), "cmdAddType", this);
+    cmdAddSubType = dialogButton(QStringLiteral("Add Sub &Type"), "cmdAddSubType", this);
+    cmdDelete = dialogButton(QStringLiteral("&Delete"), "cmdDelete", this);
+    cmdSave = dialogButton(QStringLiteral("&Save"), "cmdSave", this);
+    cmdCancel = dialogButton(QStringLiteral("&Cancel"), "cmdCancel", this);
     connect(cmdAddType, &QPushButton::clicked, this, &frmIngTypes::cmdAddType_Click);
     connect(cmdAddSubType, &QPushButton::clicked, this, &frmIngTypes::cmdAddSubType_Click);
     connect(cmdDelete, &QPushButton::clicked, this, &frmIngTypes::cmdDelete_Click);
