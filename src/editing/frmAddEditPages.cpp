@@ -9,7 +9,7 @@
 #include "presentation/PageFiles.h"
 #include "pricing/frmDrinkPrices.h"
 #include "store/DrinkStore.h"
-#include "widgets/DialogButton.h"
+#include "widgets/NamedControls.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -30,11 +30,6 @@
 
 namespace {
 
-template <typename W> W *named(W *w, const char *name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
 
 QTableView *lineGrid(TextGridModel *model, const char *name, QWidget *parent)
 {

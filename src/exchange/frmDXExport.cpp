@@ -9,6 +9,7 @@
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
+#include "widgets/NamedControls.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -26,11 +27,6 @@
 #include <QSqlQuery>
 
 namespace {
-template <typename W> W *named(W *w, const char *name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
 constexpr int kListCapacity = 12000;
 } // namespace
 

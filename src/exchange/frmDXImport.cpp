@@ -4,6 +4,7 @@
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
+#include "widgets/NamedControls.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -13,14 +14,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-
-namespace {
-template <typename W> W *named(W *w, const char *name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
-} // namespace
 
 frmDXImport::frmDXImport(DrinkStore &store, QWidget *parent) : QDialog(parent), m_store(store)
 {

@@ -5,7 +5,7 @@
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
-#include "widgets/DialogButton.h"
+#include "widgets/NamedControls.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -33,11 +33,6 @@ const char *const PricingBookPage = "https://www.example.com/ssi/04sbm.shtml";
 // The screen is painted and Cancel read this often during the run, not after every drink.
 constexpr int YieldEveryMs = 50;
 
-template <typename W> W *named(W *w, const char *name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
 
 QLabel *label(const QString &text, const char *name, QWidget *parent)
 {

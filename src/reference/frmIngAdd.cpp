@@ -5,6 +5,7 @@
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
+#include "widgets/NamedControls.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -13,14 +14,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSqlQuery>
-
-namespace {
-template <typename W> W *named(W *w, const char *name)
-{
-    w->setObjectName(QString::fromLatin1(name));
-    return w;
-}
-} // namespace
 
 frmIngAdd::frmIngAdd(DrinkStore &store, QWidget *parent) : QDialog(parent), m_store(store)
 {

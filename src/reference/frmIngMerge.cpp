@@ -5,7 +5,7 @@
 #include "widgets/ApplyScheme.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
-#include "widgets/DialogButton.h"
+#include "widgets/NamedControls.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

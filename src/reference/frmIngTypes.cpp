@@ -3,7 +3,7 @@
 #include "reference/IngredientTypes.h"
 #include "widgets/HandlerGuard.h"
 #include "widgets/PlainMessage.h"
-#include "widgets/DialogButton.h"
+#include "widgets/NamedControls.h"
 
 #include <QHBoxLayout>
 #include <QMessageBox>
