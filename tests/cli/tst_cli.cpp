@@ -70,6 +70,8 @@ class tst_Cli : public QObject {
 private slots:
     void commands_data();
     void commands();
+    void showIsWhatTheWindowWrites_data();
+    void showIsWhatTheWindowWrites();
     void priceList_data();
     void priceList();
     void repriceDryRunIsTheWorksheetsBatch_data();
@@ -141,6 +143,41 @@ void tst_Cli::commands()
     QCOMPARE(r.err.count(u'\n'), code == 0 ? 0 : 1);
     // The window's search results are its own.
     QCOMPARE(ts.store().scalar(QStringLiteral("SELECT group_concat(ID) FROM SearchResults")).toString(), QStringLiteral("3"));
+}
+
+void tst_Cli::showIsWhatTheWindowWrites_data()
+{
+    QTest::addColumn<QString>("format");
+    for (const char *f : {"text", "html", "cvx", "xml", "pos"})
+        QTest::newRow(f) << QString::fromLatin1(f);
+}
+
+void tst_Cli::showIsWhatTheWindowWrites()
+{
+    QFETCH(QString, format);
+    TestStore ts({}, true);
+    const qint32 id = 3;
+    const Run r = cli({QStringLiteral("show"), QString::number(id), QStringLiteral("--format"), format}, ts.appDir());
+    QCOMPARE(r.code, 0);
+    CDrinkFacade facade(ts.store(), ts.appDir());
+    facade.setCurrentHTMLTemplatePath(ts.appDir() + QStringLiteral("/Templates/Standard.cvt"));
+    facade.setCurrentHTMLTemplateRoot(ts.appDir() + QStringLiteral("/Templates/"));
+    QString expected;
+    if (format == u"text" || format == u"html") {
+        expected = format == u"text" ? facade.drinkAsPlainText(id) : facade.drinkAsHTML(id);
+        expected.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        QVERIFY(expected.contains(QStringLiteral("Perfect Manhattan")));
+    } else {
+        DrinkExporter exporter(ts.store(), facade,
+                               format == u"cvx"   ? DrinkExporter::Exchange
+                               : format == u"xml" ? DrinkExporter::Xml
+                                                  : DrinkExporter::MaitreD);
+        exporter.exportDrink(id);
+        expected = exporter.fileText();
+    }
+    if (!expected.endsWith(u'\n'))
+        expected += u'\n';
+    QCOMPARE(r.out, expected);
 }
 
 void tst_Cli::priceList_data()
