@@ -20,6 +20,9 @@ QString backupStore(DrinkStore &store, const QString &targetPath)
     sqlite3 *source = sqliteHandle(store.database());
     if (!source)
         return QStringLiteral("The book is not open.");
+    // A copy over the book itself would remove the book before the copy was made.
+    if (QFileInfo(targetPath).canonicalFilePath() == QFileInfo(store.path()).canonicalFilePath())
+        return QStringLiteral("The copy cannot replace the book itself: %1").arg(targetPath);
     const QString partial = targetPath + QStringLiteral(".partial");
     QFile::remove(partial);
     sqlite3 *target = nullptr;
