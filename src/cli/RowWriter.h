@@ -18,6 +18,8 @@ struct Cell {
     Cell(const char *s) : Cell(QString::fromUtf8(s)) {}
     // Money as a plain decimal number either way.
     static Cell money(Currency value) { return Cell(value.toSqlText(), QJsonValue(value.toDouble())); }
+    // Nothing: empty text, null.
+    static Cell none() { return Cell(QString(), QJsonValue::Null); }
     // A figure with two decimals; empty text and null when there is none.
     static Cell figure(std::optional<double> value);
 

@@ -49,7 +49,7 @@ int run(CliContext &c)
                              QStringLiteral("old_price"), QStringLiteral("new_price")});
     for (const PriceChange &ch : changes)
         out.add({ch.row.line, kindText(ch.kind), ch.id, ch.row.name,
-                 ch.id ? Cell::money(ch.oldPrice) : Cell(QString()), Cell::money(ch.row.price)});
+                 ch.id ? Cell::money(ch.oldPrice) : Cell::none(), Cell::money(ch.row.price)});
     out.finish();
     return 0;
 }
