@@ -13,8 +13,7 @@ namespace NextBottle {
 
 namespace {
 
-template <typename Rows>
-int indexOf(const Rows &sortedIds, qint32 id)
+template <typename Rows> int indexOf(const Rows &sortedIds, qint32 id)
 {
     const auto at = std::lower_bound(sortedIds.begin(), sortedIds.end(), id);
     return at != sortedIds.end() && *at == id ? static_cast<int>(at - sortedIds.begin()) : -1;
@@ -159,8 +158,10 @@ Outlook Look(const Book &book, const std::vector<qint32> &tickedIds)
             return a.unlocks > b.unlocks;
         if (a.bringsNear != b.bringsNear)
             return a.bringsNear > b.bringsNear;
-        const int byName = book.ingredients[static_cast<std::size_t>(book.ingredientIndex(a.ingredientId))].name.compare(
-            book.ingredients[static_cast<std::size_t>(book.ingredientIndex(b.ingredientId))].name, Qt::CaseInsensitive);
+        const int byName =
+            book.ingredients[static_cast<std::size_t>(book.ingredientIndex(a.ingredientId))].name.compare(
+                book.ingredients[static_cast<std::size_t>(book.ingredientIndex(b.ingredientId))].name,
+                Qt::CaseInsensitive);
         return byName != 0 ? byName < 0 : a.ingredientId < b.ingredientId;
     });
     return outlook;

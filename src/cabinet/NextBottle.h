@@ -25,9 +25,9 @@ struct Book {
     };
     static constexpr qint32 kNoBottle = -1; // a line no ingredient row fills
 
-    std::vector<Ingredient> ingredients; // ascending id
-    std::vector<qint32> drinkIds;        // ascending
-    std::vector<QString> drinkNames;     // beside drinkIds
+    std::vector<Ingredient> ingredients;  // ascending id
+    std::vector<qint32> drinkIds;         // ascending
+    std::vector<QString> drinkNames;      // beside drinkIds
     std::vector<std::uint32_t> firstLine; // drink i's ingredients: lines[firstLine[i] .. firstLine[i+1])
     std::vector<qint32> lines;
 
@@ -62,9 +62,9 @@ struct Candidate {
 };
 
 struct Outlook {
-    std::vector<qint32> canMake;        // ascending drink id
-    std::vector<NearMatch> missingOne;  // ascending drink id
-    std::vector<NearMatch> missingTwo;  // ascending drink id
+    std::vector<qint32> canMake;       // ascending drink id
+    std::vector<NearMatch> missingOne; // ascending drink id
+    std::vector<NearMatch> missingTwo; // ascending drink id
     // Every unticked ingredient that unlocks or brings near at least one drink: most unlocked
     // first, then most brought near, then by name and id.
     std::vector<Candidate> ranking;

@@ -34,7 +34,7 @@ QString rankingText(const std::vector<Candidate> &ranking)
 
 class tst_NextBottle : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void init() { m_book = std::make_unique<TestStore>(nextBottleBookSql()); }
     void cleanup() { m_book.reset(); }
     void outlook_data();
@@ -43,7 +43,7 @@ private slots:
     void unlockedDrinksShownAsSearch();
     void bookOfNothing();
 
-private:
+  private:
     std::unique_ptr<TestStore> m_book;
 };
 
@@ -57,20 +57,26 @@ void tst_NextBottle::outlook_data()
 
     // Rum and Vodka both unlock one drink and bring one near: the name decides. Lime Juice
     // unlocks as many but brings none near. Cola, Soda: only near, by name.
-    QTest::newRow("gin and tonic") << IdList{1, 5} << IdList{20} << "21:2 22:4 30:3" << "25:3+9 26:2+6"
+    QTest::newRow("gin and tonic") << IdList{1, 5} << IdList{20} << "21:2 22:4 30:3"
+                                   << "25:3+9 26:2+6"
                                    << "3:1/1 2:1/1 4:1/0 9:0/1 6:0/1";
-    QTest::newRow("ticks in any order") << IdList{5, 1, 5} << IdList{20} << "21:2 22:4 30:3" << "25:3+9 26:2+6"
+    QTest::newRow("ticks in any order") << IdList{5, 1, 5} << IdList{20} << "21:2 22:4 30:3"
+                                        << "25:3+9 26:2+6"
                                         << "3:1/1 2:1/1 4:1/0 9:0/1 6:0/1";
     // Gimlet names Lime Juice twice: one bottle short, not two.
-    QTest::newRow("empty cabinet") << IdList{} << IdList{} << "30:3" << "20:1+5 21:2+5 22:1+4 25:3+9 26:2+6"
+    QTest::newRow("empty cabinet") << IdList{} << IdList{} << "30:3"
+                                   << "20:1+5 21:2+5 22:1+4 25:3+9 26:2+6"
                                    << "3:1/1 1:0/2 5:0/2 2:0/2 9:0/1 4:0/1 6:0/1";
     // The drinks without a line, with an empty line or a line of no ingredient stay out.
-    QTest::newRow("everything") << IdList{1, 2, 3, 4, 5, 6, 7, 8, 9} << IdList{20, 21, 22, 23, 24, 25, 26, 30}
-                                << "" << "" << "";
+    QTest::newRow("everything") << IdList{1, 2, 3, 4, 5, 6, 7, 8, 9} << IdList{20, 21, 22, 23, 24, 25, 26, 30} << ""
+                                << ""
+                                << "";
     QTest::newRow("a mojito bar") << IdList{3, 4, 6, 7, 8} << IdList{23, 30} << "22:1 24:9 25:9 26:2"
-                                  << "20:1+5 21:2+5" << "9:2/0 1:1/1 2:1/1 5:0/2";
+                                  << "20:1+5 21:2+5"
+                                  << "9:2/0 1:1/1 2:1/1 5:0/2";
     QTest::newRow("one short of the mojito") << IdList{3, 4, 6, 7} << IdList{30} << "22:1 23:8 24:9 25:9 26:2"
-                                             << "20:1+5 21:2+5" << "9:2/0 1:1/1 2:1/1 8:1/0 5:0/2";
+                                             << "20:1+5 21:2+5"
+                                             << "9:2/0 1:1/1 2:1/1 8:1/0 5:0/2";
 }
 
 void tst_NextBottle::outlook()
@@ -113,7 +119,8 @@ void tst_NextBottle::unlockedDrinksShownAsSearch()
     QFETCH(qint32, bottle);
     DrinkStore &store = m_book->store();
     store.execute(QStringLiteral("INSERT INTO SearchResults (ID, Name) VALUES (23, 'Mojito')"));
-    const std::vector<qint32> owned = ticks.isEmpty() ? StoredTicks(store) : std::vector<qint32>(ticks.begin(), ticks.end());
+    const std::vector<qint32> owned =
+        ticks.isEmpty() ? StoredTicks(store) : std::vector<qint32>(ticks.begin(), ticks.end());
     if (ticks.isEmpty())
         QCOMPARE(owned, (std::vector<qint32>{1, 5}));
 
