@@ -1,5 +1,6 @@
 #include "cabinet/NextBottle.h"
 
+#include "cabinet/LiquorCabinet.h"
 #include "search/AdvancedSearch.h"
 #include "search/SearchResults.h"
 #include "store/DrinkStore.h"
@@ -37,15 +38,6 @@ int Book::ingredientIndex(qint32 id) const
 int Book::drinkIndex(qint32 id) const
 {
     return indexOf(drinkIds, id);
-}
-
-qint32 Book::ingredientByName(const QString &name) const
-{
-    for (const Ingredient &row : ingredients) {
-        if (row.name.compare(name, Qt::CaseInsensitive) == 0)
-            return row.id;
-    }
-    return 0;
 }
 
 Book LoadBook(DrinkStore &store)
@@ -101,6 +93,32 @@ std::vector<qint32> StoredTicks(DrinkStore &store)
     while (rows.next())
         ids.push_back(rows.value(0).toInt());
     return ids;
+}
+
+QStringList SetOwned(DrinkStore &store, const QStringList &names, bool owned)
+{
+    std::vector<qint32> ticks = StoredTicks(store);
+    QStringList unknown;
+    QSqlQuery byName = store.prepare(QStringLiteral("SELECT id FROM Ingredients WHERE Ingredient = ?"));
+    for (const QString &name : names) {
+        byName.bindValue(0, name);
+        store.exec(byName);
+        bool found = false;
+        while (byName.next()) {
+            found = true;
+            const qint32 id = byName.value(0).toInt();
+            const auto at = std::lower_bound(ticks.begin(), ticks.end(), id);
+            if (owned && (at == ticks.end() || *at != id))
+                ticks.insert(at, id);
+            else if (!owned && at != ticks.end() && *at == id)
+                ticks.erase(at);
+        }
+        if (!found)
+            unknown << name;
+    }
+    if (unknown.isEmpty())
+        LiquorCabinet::FindMatches(store, ticks);
+    return unknown;
 }
 
 Outlook Look(const Book &book, const std::vector<qint32> &tickedIds)

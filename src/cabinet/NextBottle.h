@@ -3,6 +3,7 @@
 #include "base/Currency.h"
 
 #include <QString>
+#include <QStringList>
 #include <array>
 #include <cstdint>
 #include <vector>
@@ -34,8 +35,6 @@ struct Book {
     // Index into ingredients or drinkIds, -1 when there is no such row.
     int ingredientIndex(qint32 id) const;
     int drinkIndex(qint32 id) const;
-    // The ingredient's id by its name, case-blind; 0 when no ingredient has it.
-    qint32 ingredientByName(const QString &name) const;
 };
 
 // Reads the ingredients, the drinks and every line in three passes over the store.
@@ -43,6 +42,11 @@ Book LoadBook(DrinkStore &store);
 
 // The ingredients the store holds as owned (Ingredients.Selected), ascending.
 std::vector<qint32> StoredTicks(DrinkStore &store);
+
+// Ticks (owned true) or unticks ingredients by name, as the store compares names, every
+// ingredient of that name; then stores the ticks and marks the drinks they make, as Find
+// Matches does. Returns the names no ingredient has: with any, nothing is stored.
+QStringList SetOwned(DrinkStore &store, const QStringList &names, bool owned);
 
 // A drink one or two bottles short, and the bottles (ingredient ids, ascending; the second is 0
 // when one is missing).

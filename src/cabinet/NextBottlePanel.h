@@ -15,7 +15,7 @@ class QTreeWidget;
 // complete, and for the chosen one those drinks, which can go to the main list as a search.
 class NextBottlePanel : public QWidget {
     Q_OBJECT
-  public:
+public:
     explicit NextBottlePanel(DrinkStore &store, QWidget *parent = nullptr);
 
     // Ranks for these ticks. The book is read on the first call after forgetBook(), so the
@@ -27,15 +27,15 @@ class NextBottlePanel : public QWidget {
     // Ranking row data: the ingredient's id.
     static constexpr int IdRole = Qt::UserRole;
 
-  signals:
+signals:
     // The unlocked drinks are in SearchResults.
     void drinksShown();
 
-  public slots:
+public slots:
     void lstNextBottle_Click();
     void cmdShowUnlocked_Click();
 
-  private:
+private:
     DrinkStore &m_store;
     std::optional<NextBottle::Book> m_book;
     NextBottle::Outlook m_outlook;

@@ -17,7 +17,7 @@ class QTreeWidgetItem;
 // the dialog closes with WasCanceled false.
 class frmLiquorCab : public QDialog {
     Q_OBJECT
-  public:
+public:
     explicit frmLiquorCab(DrinkStore &store, QWidget *parent = nullptr);
 
     // True unless the last scan ran to its end.
@@ -32,7 +32,7 @@ class frmLiquorCab : public QDialog {
     static constexpr int KeyRole = Qt::UserRole;
     static constexpr int TagRole = Qt::UserRole + 1;
 
-  public slots:
+public slots:
     void OK_Click();
     void cmdCancel_Click();
     void cmdPrint_Click();
@@ -40,12 +40,12 @@ class frmLiquorCab : public QDialog {
     void tvIng_NodeCheck(QTreeWidgetItem *node);
     void tabCabinet_Click(int page);
 
-  protected:
+protected:
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void reject() override;
 
-  private:
+private:
     void Form_Activate();
     void endScan();
     // Checked ingredient nodes, in tree order.

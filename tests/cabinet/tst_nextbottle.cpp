@@ -34,16 +34,15 @@ QString rankingText(const std::vector<Candidate> &ranking)
 
 class tst_NextBottle : public QObject {
     Q_OBJECT
-  private slots:
+private slots:
     void init() { m_book = std::make_unique<TestStore>(nextBottleBookSql()); }
     void cleanup() { m_book.reset(); }
     void outlook_data();
     void outlook();
-    void unlockedDrinksShownAsSearch_data();
-    void unlockedDrinksShownAsSearch();
-    void bookOfNothing();
+    void ownedByName_data();
+    void ownedByName();
 
-  private:
+private:
     std::unique_ptr<TestStore> m_book;
 };
 
@@ -94,53 +93,37 @@ void tst_NextBottle::outlook()
     if (!ticks.isEmpty()) {
         LiquorCabinet::FindMatches(m_book->store(), {ticks.begin(), ticks.end()});
         QCOMPARE(marked(m_book->store()), canMake);
+        QCOMPARE(rankingText(Look(book, StoredTicks(m_book->store())).ranking), rankingText(seen.ranking));
     }
     // Each candidate's unlocked drinks are the near matches it alone completes.
     for (const Candidate &c : seen.ranking)
         QCOMPARE(int(DrinksUnlockedBy(seen, c.ingredientId).size()), c.unlocks);
 }
 
-void tst_NextBottle::unlockedDrinksShownAsSearch_data()
+void tst_NextBottle::ownedByName_data()
 {
-    QTest::addColumn<IdList>("ticks"); // empty: the ticks the store holds (Gin, Tonic)
-    QTest::addColumn<qint32>("bottle");
-    QTest::addColumn<QStringList>("shown");
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<bool>("owned");
+    QTest::addColumn<QStringList>("unknown");
+    QTest::addColumn<IdList>("stored"); // Gin and Tonic before
+    QTest::addColumn<IdList>("marked"); // none before
 
-    QTest::newRow("stored ticks, vodka") << IdList{} << 2 << QStringList{"Vodka Tonic"};
-    QTest::newRow("mojito bar, cola") << IdList{3, 4, 6, 7, 8} << 9 << QStringList{"Cuba Libre", "Rum and Cola"};
-    // Owned already, or only brings drinks near: nothing to show, and the old results go.
-    QTest::newRow("owned bottle") << IdList{} << 1 << QStringList{};
-    QTest::newRow("only brings near") << IdList{} << 6 << QStringList{};
+    QTest::newRow("tick, names as typed")
+        << QStringList{"rum", "LIME JUICE"} << true << QStringList{} << IdList{1, 3, 4, 5} << IdList{20, 22, 30};
+    QTest::newRow("untick") << QStringList{"Tonic"} << false << QStringList{} << IdList{1} << IdList{};
+    QTest::newRow("tick one owned") << QStringList{"Gin"} << true << QStringList{} << IdList{1, 5} << IdList{20};
+    QTest::newRow("untick one not owned") << QStringList{"Rum"} << false << QStringList{} << IdList{1, 5} << IdList{20};
+    QTest::newRow("an unknown name stores nothing")
+        << QStringList{"Rum", "Bob's \"Best\""} << true << QStringList{"Bob's \"Best\""} << IdList{1, 5} << IdList{};
 }
 
-void tst_NextBottle::unlockedDrinksShownAsSearch()
+void tst_NextBottle::ownedByName()
 {
-    QFETCH(IdList, ticks);
-    QFETCH(qint32, bottle);
-    DrinkStore &store = m_book->store();
-    store.execute(QStringLiteral("INSERT INTO SearchResults (ID, Name) VALUES (23, 'Mojito')"));
-    const std::vector<qint32> owned =
-        ticks.isEmpty() ? StoredTicks(store) : std::vector<qint32>(ticks.begin(), ticks.end());
-    if (ticks.isEmpty())
-        QCOMPARE(owned, (std::vector<qint32>{1, 5}));
-
-    const Book book = LoadBook(store);
-    ShowAsSearchResults(store, book, DrinksUnlockedBy(Look(book, owned), bottle));
-    QStringList shown;
-    QSqlQuery rows = store.select(QStringLiteral("SELECT Name FROM SearchResults ORDER BY Name"));
-    while (rows.next())
-        shown << rows.value(0).toString();
-    QTEST(shown, "shown");
-}
-
-// A new book: no drink, no ingredient, and nothing to rank.
-void tst_NextBottle::bookOfNothing()
-{
-    TestStore empty;
-    const Book book = LoadBook(empty.store());
-    const Outlook seen = Look(book, {1, 2});
-    QVERIFY(seen.canMake.empty() && seen.missingOne.empty() && seen.missingTwo.empty() && seen.ranking.empty());
-    QCOMPARE(book.firstLine.size(), std::size_t(1));
+    QFETCH(QStringList, names);
+    QFETCH(bool, owned);
+    QTEST(SetOwned(m_book->store(), names, owned), "unknown");
+    QTEST(selected(m_book->store()), "stored");
+    QTEST(marked(m_book->store()), "marked");
 }
 
 QTEST_GUILESS_MAIN(tst_NextBottle)
