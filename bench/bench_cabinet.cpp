@@ -3,11 +3,13 @@
 #include "BenchRegistry.h"
 
 #include "cabinet/LiquorCabinet.h"
+#include "cabinet/NextBottle.h"
 #include "store/DrinkStore.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QSqlQuery>
+#include <algorithm>
 
 namespace {
 
@@ -76,6 +78,50 @@ void cabinetCases(Bench::Registry &registry, const Bench::Store &store, DrinkSto
         scanFloor(ticked));
 }
 
+// The Next Bottle page: the book read into memory and ranked for the store's ticks, as on its
+// first showing; then the ranking alone, as each later showing with other ticks.
+Bench::Floor nextBottleFloor()
+{
+    Bench::Floor floor;
+    floor.statements << QStringLiteral("SELECT id, Ingredient, unitprice FROM Ingredients ORDER BY id")
+                     << QStringLiteral("SELECT id, Name FROM Drinks ORDER BY id")
+                     << QStringLiteral("SELECT DrinkID, IngID FROM DrinkRel ORDER BY DrinkID, seq");
+    floor.note = QStringLiteral("the three reads of the book; the near matches and the ranking are a pass in memory");
+    return floor;
+}
+
+void nextBottleCases(Bench::Registry &registry, const Bench::Store &store, DrinkStore &setup)
+{
+    std::vector<qint32> ticked = storedTicks(setup);
+    std::sort(ticked.begin(), ticked.end());
+    registry.add(
+        "cabinet.next-bottle", QStringLiteral("Cabinet next bottle ranking, book read and ranked"), store,
+        [path = store.path, ticked](benchmark::State &state) {
+            DrinkStore db(path);
+            std::size_t ranked = 0;
+            for (auto _ : state) {
+                const NextBottle::Book book = NextBottle::LoadBook(db);
+                const NextBottle::Outlook outlook = NextBottle::Look(book, ticked);
+                ranked = outlook.ranking.size();
+                benchmark::DoNotOptimize(outlook.missingTwo.data());
+            }
+            state.counters["rows"] = static_cast<double>(ranked);
+        },
+        nextBottleFloor());
+    registry.add("cabinet.next-bottle-ticks", QStringLiteral("Cabinet next bottle ranking, book in memory"), store,
+                 [path = store.path, ticked](benchmark::State &state) {
+                     DrinkStore db(path);
+                     const NextBottle::Book book = NextBottle::LoadBook(db);
+                     std::size_t near = 0;
+                     for (auto _ : state) {
+                         const NextBottle::Outlook outlook = NextBottle::Look(book, ticked);
+                         near = outlook.missingOne.size() + outlook.missingTwo.size();
+                     }
+                     state.counters["rows"] = static_cast<double>(near);
+                 });
+}
+
 const Bench::Area area(70, cabinetCases);
+const Bench::Area nextBottleArea(71, nextBottleCases);
 
 } // namespace

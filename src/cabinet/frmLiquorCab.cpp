@@ -3,6 +3,7 @@
 #include "base/AppPaths.h"
 #include "cabinet/CabinetReport.h"
 #include "cabinet/LiquorCabinet.h"
+#include "cabinet/NextBottlePanel.h"
 #include "store/StoreError.h"
 #include "widgets/ApplyScheme.h"
 
@@ -18,6 +19,7 @@
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QShowEvent>
+#include <QTabWidget>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QUrl>
@@ -45,9 +47,12 @@ frmLiquorCab::frmLiquorCab(DrinkStore &store, QWidget *parent) : QDialog(parent)
     setObjectName(QStringLiteral("frmLiquorCab"));
     setWindowTitle(QStringLiteral("Liquor Cabinet"));
 
-    Label2 = new QLabel(QStringLiteral("Put a check next to the ingredients you have"), this);
+    tabCabinet = new QTabWidget(this);
+    tabCabinet->setObjectName(QStringLiteral("tabCabinet"));
+    auto *cabinetPage = new QWidget(tabCabinet);
+    Label2 = new QLabel(QStringLiteral("Put a check next to the ingredients you have"), cabinetPage);
     Label2->setObjectName(QStringLiteral("Label2"));
-    tvIng = new QTreeWidget(this);
+    tvIng = new QTreeWidget(cabinetPage);
     tvIng->setObjectName(QStringLiteral("tvIng"));
     tvIng->setHeaderHidden(true);
     tvIng->setColumnCount(1);
@@ -79,9 +84,20 @@ frmLiquorCab::frmLiquorCab(DrinkStore &store, QWidget *parent) : QDialog(parent)
     connect(cmdPrint, &QPushButton::clicked, this, &frmLiquorCab::cmdPrint_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmLiquorCab::cmdCancel_Click);
 
+    auto *cabinetLayout = new QVBoxLayout(cabinetPage);
+    cabinetLayout->addWidget(Label2);
+    cabinetLayout->addWidget(tvIng, 1);
+    tabCabinet->addTab(cabinetPage, QStringLiteral("Liquor Cabinet"));
+    pnlNextBottle = new NextBottlePanel(m_store, tabCabinet);
+    tabCabinet->addTab(pnlNextBottle, QStringLiteral("Next Bottle"));
+    connect(tabCabinet, &QTabWidget::currentChanged, this, &frmLiquorCab::tabCabinet_Click);
+    connect(pnlNextBottle, &NextBottlePanel::drinksShown, this, [this] {
+        m_showsUnlocked = true;
+        accept();
+    });
+
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(Label2);
-    layout->addWidget(tvIng, 1);
+    layout->addWidget(tabCabinet, 1);
     layout->addWidget(pnlProgress);
     auto *buttons = new QHBoxLayout();
     buttons->addWidget(OK);
@@ -89,7 +105,7 @@ frmLiquorCab::frmLiquorCab(DrinkStore &store, QWidget *parent) : QDialog(parent)
     buttons->addStretch(1);
     buttons->addWidget(cmdCancel);
     layout->addLayout(buttons);
-    resize(420, 480);
+    resize(460, 520);
 
     // Form_Load
     ApplySchemeToForm(this);
@@ -111,6 +127,12 @@ void frmLiquorCab::showEvent(QShowEvent *event)
 void frmLiquorCab::Form_Activate()
 {
     Canceled = true;
+    m_showsUnlocked = false;
+    pnlNextBottle->forgetBook();
+    {
+        const QSignalBlocker quiet(tabCabinet);
+        tabCabinet->setCurrentIndex(0);
+    }
     pnlProgress->hide();
     LoadingTree = true;
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -156,6 +178,25 @@ void frmLiquorCab::tvIng_NodeCheck(QTreeWidgetItem *node)
     LoadingTree = false;
 }
 
+// The next bottle answers for the ticks as they stand in the tree, stored or not.
+void frmLiquorCab::tabCabinet_Click(int page)
+{
+    if (tabCabinet->widget(page) != pnlNextBottle)
+        return;
+    std::vector<qint32> ticked;
+    for (QTreeWidgetItem *node : checkedIngredients())
+        ticked.push_back(node->data(0, TagRole).toInt());
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    try {
+        pnlNextBottle->showFor(ticked);
+    } catch (const StoreError &e) {
+        QApplication::restoreOverrideCursor();
+        QMessageBox::critical(this, QStringLiteral("Corvane"), e.engineText());
+        return;
+    }
+    QApplication::restoreOverrideCursor();
+}
+
 std::vector<QTreeWidgetItem *> frmLiquorCab::checkedIngredients() const
 {
     // Only ingredient nodes carry an ingredient id: a checked type or sub type that has nothing
@@ -187,6 +228,7 @@ void frmLiquorCab::OK_Click()
     OK->setEnabled(false);
     cmdCancel->setEnabled(false);
     cmdPrint->setEnabled(false);
+    tabCabinet->setTabEnabled(1, false); // the book is being written
     m_scanning = true;
 
     std::vector<qint32> ticked;
@@ -221,6 +263,7 @@ void frmLiquorCab::OK_Click()
     }
     m_scanning = false;
     QApplication::restoreOverrideCursor();
+    tabCabinet->setTabEnabled(1, true);
     OK->setEnabled(true);
     cmdCancel->setEnabled(true);
     cmdPrint->setEnabled(true);
@@ -232,6 +275,7 @@ void frmLiquorCab::endScan()
 {
     m_scanning = false;
     Canceled = true;
+    tabCabinet->setTabEnabled(1, true);
     OK->setEnabled(true);
     cmdCancel->setEnabled(true);
     cmdPrint->setEnabled(true);

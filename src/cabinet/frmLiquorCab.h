@@ -5,8 +5,10 @@
 
 class DrinkStore;
 class QFrame;
+class NextBottlePanel;
 class QLabel;
 class QPushButton;
+class QTabWidget;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -20,6 +22,9 @@ public:
 
     // True unless the last scan ran to its end.
     bool WasCanceled() const { return Canceled; }
+    // True when the dialog closed by putting the drinks a bottle would unlock into
+    // SearchResults, for the main list to show as a search.
+    bool ShowsUnlockedDrinks() const { return m_showsUnlocked; }
     // The report goes to this PDF file instead of the default printer.
     void setReportFile(const QString &pdfPath) { m_reportFile = pdfPath; }
 
@@ -33,6 +38,7 @@ public slots:
     void cmdPrint_Click();
     void cmdCancelSearch_Click();
     void tvIng_NodeCheck(QTreeWidgetItem *node);
+    void tabCabinet_Click(int page);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -52,9 +58,12 @@ private:
     bool CancelScan = false;
     bool LoadingTree = false;
     bool m_scanning = false;
+    bool m_showsUnlocked = false;
     std::vector<qint32> SelectedIds;
 
+    QTabWidget *tabCabinet;
     QTreeWidget *tvIng;
+    NextBottlePanel *pnlNextBottle;
     QLabel *Label2;
     QPushButton *OK, *cmdCancel, *cmdPrint;
     QFrame *pnlProgress;

@@ -132,8 +132,13 @@ void frmMain::RunCommand(int command)
         case 501: {
             frmLiquorCab dlg(*m_store, this);
             dlg.exec();
-            if (!dlg.WasCanceled())
+            if (!dlg.WasCanceled()) {
                 RunCommand(206);
+            } else if (dlg.ShowsUnlockedDrinks()) {
+                // The whole of SearchResults: the cabinet view would keep only drinks already made.
+                m_list->setSearchActive(true);
+                RunCommand(207);
+            }
             break;
         }
         case 503: {
