@@ -78,6 +78,7 @@ private slots:
     void repriceDryRunIsTheWorksheetsBatch();
     void exchangeRoundTripWithTheWindowsImport();
     void backupWhileAnotherCopyWrites();
+    void cabinetTicksThenAnswers();
     void checkNamesEachProblem();
     void freshDirectoryIsFilledLikeTheWindows();
 };
@@ -124,6 +125,13 @@ void tst_Cli::commands_data()
     row("export without format", "export|--all|f.cvx", 2, "", "--format");
     row("export two selections", "export|--format|cvx|--all|--marked|f.cvx", 2, "", "one of --all, --marked or --ids");
     row("export missing drink", "export|--format|xml|--ids|1,99|f.xml", 1, "", "There is no drink with the id 99.");
+    // The cabinet holds nothing: every bottle is still to buy.
+    row("cabinet can make nothing", "cabinet|can-make", 0, "");
+    row("cabinet one bottle short", "cabinet|near", 0, "2\tapple \"Jack\"\tRum\n5\tCosmo\tGin\n");
+    row("cabinet two bottles short", "cabinet|near|--missing|2", 0, "1\tÉclair\tGin, Lime\n3\tZombie\tLime, Rum\n");
+    row("cabinet next, ties by name", "cabinet|next", 0, "1\tGin\t1\t1\t20\n3\tRum\t1\t1\t15\n2\tLime\t0\t2\t0.5\n");
+    row("cabinet tick unknown", "cabinet|tick|Gin|Sloe \"Gin\"", 1, "", "No ingredient is named \"Sloe \"Gin\"\"; nothing was changed.");
+    row("cabinet missing 3", "cabinet|near|--missing|3", 2, "", "--missing takes 1 or 2");
     row("no command", "", 2, "", "no command");
     row("unknown command", "brew", 2, "", "unknown command \"brew\"");
 }
@@ -377,6 +385,22 @@ void tst_Cli::backupWhileAnotherCopyWrites()
     QVERIFY2(r.err.contains(QStringLiteral("busy")), qPrintable(r.err));
     window.rollback();
     QCOMPARE(prices(ts.store()), QStringLiteral("4 0 6 5 7"));
+}
+
+void tst_Cli::cabinetTicksThenAnswers()
+{
+    TestStore ts(kRows);
+    QCOMPARE(cli(words("cabinet|tick|gin|LIME"), ts.appDir()).code, 0);
+    QCOMPARE(cli(words("cabinet|can-make"), ts.appDir()).out, QStringLiteral("1\tÉclair\n5\tCosmo\n"));
+    // Rum now completes both rum drinks.
+    const QJsonArray next = QJsonDocument::fromJson(cli(words("cabinet|next|--top|1|--json"), ts.appDir()).out.toUtf8()).array();
+    QCOMPARE(next.size(), 1);
+    QCOMPARE(next[0][QStringLiteral("ingredient")].toString(), QStringLiteral("Rum"));
+    QCOMPARE(next[0][QStringLiteral("unlocks")].toInt(), 2);
+    // The window's cabinet view shows what the ticks make.
+    QCOMPARE(ts.store().scalar(QStringLiteral("SELECT group_concat(id) FROM (SELECT id FROM Drinks WHERE LiqCab <> 0 ORDER BY id)")).toString(), QStringLiteral("1,5"));
+    QCOMPARE(cli(words("cabinet|untick|Lime"), ts.appDir()).code, 0);
+    QCOMPARE(cli(words("cabinet|can-make"), ts.appDir()).out, QStringLiteral("5\tCosmo\n"));
 }
 
 void tst_Cli::checkNamesEachProblem()
