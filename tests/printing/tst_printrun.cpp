@@ -2,47 +2,11 @@
 #include "printing/PrintRun.h"
 #include "store/DrinkStore.h"
 
+#include "PrintBook.h"
 #include "TestStore.h"
 
 #include <QFile>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QtTest>
-
-namespace {
-
-const char *kRows = R"(
-INSERT INTO Glassware (GlassID, Name) VALUES (3, 'Cocktail');
-INSERT INTO Ingredients (id, Ingredient) VALUES (1, 'Gin'), (2, 'Dry Vermouth'), (3, 'Rye Whiskey'),
-  (4, 'Sweet Vermouth'), (5, 'Crème de Cassis'), (6, 'Champagne');
-INSERT INTO Garnish (id, Name) VALUES (1, 'Olive'), (2, 'Cherry');
-INSERT INTO Build (id, Name) VALUES (1, 'Stirred'), (2, 'Built');
-INSERT INTO Drinks (id, Name, GlassType, Description, BuildID, GarnishID) VALUES
-  (10, 'Martini', 3, 'Stir with ice and strain.', 1, 1),
-  (11, 'Manhattan', 3, 'Stir, strain into a chilled glass.', 1, 2),
-  (12, 'Kir "Royal" Élysée', 3, 'Pour the cassis, top with champagne.', 2, NULL);
-INSERT INTO DrinkRel (DrinkID, IngID, seq, amount, MetricAmount, measure) VALUES
-  (10, 1, 1, '2 oz', '6 cl', 2), (10, 2, 2, '1/2 oz', '1.5 cl', 0.5),
-  (11, 3, 1, '2 oz', '6 cl', 2), (11, 4, 2, '1 oz', '3 cl', 1),
-  (12, 5, 1, '1/2 oz', '1.5 cl', 0.5), (12, 6, 2, '4 oz', '12 cl', 4);
-)";
-
-QString run(const QString &program, const QStringList &args)
-{
-    QProcess p;
-    p.start(program, args);
-    if (!p.waitForFinished(30000) || p.exitCode() != 0)
-        qFatal("%s failed", qPrintable(program));
-    return QString::fromUtf8(p.readAllStandardOutput());
-}
-
-int pdfPages(const QString &path)
-{
-    const auto match = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(run(QStringLiteral("pdfinfo"), {path}));
-    return match.hasMatch() ? match.captured(1).toInt() : -1;
-}
-
-} // namespace
 
 class TestPrintRun : public QObject {
     Q_OBJECT
@@ -71,7 +35,7 @@ void TestPrintRun::pages()
     QFETCH(QString, cols);
     QFETCH(bool, portrait);
     QFETCH(int, pages);
-    TestStore db(QString::fromUtf8(kRows));
+    TestStore db(printBookSql());
     CDrinkFacade facade(db.store(), db.appDir());
     PrintLayoutSettings layout = PrintLayout::defaults();
     layout.rows = rows;
@@ -91,7 +55,7 @@ void TestPrintRun::pages()
     QCOMPARE(progress, (QList<int>{13, 23, 33}));
     QCOMPARE(pdfPages(pdf), pages);
 
-    const QString text = run(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+    const QString text = pdfText(pdf);
     for (const char *piece : {"Martini", "Manhattan", "Kir \"Royal\" Élysée", "2 oz Gin", "1/2 oz Dry Vermouth",
                               "1 oz Sweet Vermouth", "1/2 oz Crème de Cassis", "4 oz Champagne", "Stirred", "Olive",
                               "Stir with ice and strain.", "Printed with Corvane"})
@@ -104,7 +68,7 @@ void TestPrintRun::pages()
 
 void TestPrintRun::cancelAndBadLayout()
 {
-    TestStore db(QString::fromUtf8(kRows));
+    TestStore db(printBookSql());
     CDrinkFacade facade(db.store(), db.appDir());
     const QString pdf = db.appDir() + QStringLiteral("/cards.pdf");
     QFile old(pdf);
