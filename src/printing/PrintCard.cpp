@@ -69,7 +69,14 @@ void CardSurface::PaintPicture(const QImage &picture, float x, float y, float wi
     if (picture.isNull())
         return;
     const float k = m_unitsPerTwip;
-    m_painter.drawImage(QRectF(x * k, y * k, width * k, height * k), picture);
+    const QRectF target(x * k, y * k, width * k, height * k);
+    // Shrunk for a screen, the thin lines of a glass drawing would vanish between the pixels
+    // the painter samples: the picture is scaled down by averaging first.
+    const QSize size = target.size().toSize();
+    if (size.width() > 0 && size.height() > 0 && size.width() < picture.width() && size.height() < picture.height())
+        m_painter.drawImage(target, picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    else
+        m_painter.drawImage(target, picture);
 }
 
 namespace {
