@@ -7,12 +7,21 @@
 namespace CardGrid {
 
 namespace {
-float num(const QString &text) { return float(VbConvert::Val(text)); }
+float num(const QString &text)
+{
+    return float(VbConvert::Val(text));
+}
+} // namespace
+
+float ToTwips(float length, bool metric)
+{
+    return metric ? length * 56.7f : length * 1440.0f;
 }
 
-float ToTwips(float length, bool metric) { return metric ? length * 56.7f : length * 1440.0f; }
-
-float ToTwips(const QString &length, bool metric) { return ToTwips(num(length), metric); }
+float ToTwips(const QString &length, bool metric)
+{
+    return ToTwips(num(length), metric);
+}
 
 qint16 CardsPerPage(const PrintLayoutSettings &layout)
 {

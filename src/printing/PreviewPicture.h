@@ -9,15 +9,15 @@ class QPainter;
 // for one whenever it paints, so a redraw is an update().
 class PreviewPicture : public QWidget {
     Q_OBJECT
-public:
+  public:
     using Painter = std::function<void(QPainter &, QWidget &)>;
     explicit PreviewPicture(QWidget *parent = nullptr);
     void setPainter(Painter painter) { m_painter = std::move(painter); }
     QSize sizeHint() const override { return {260, 260}; }
 
-protected:
+  protected:
     void paintEvent(QPaintEvent *event) override;
 
-private:
+  private:
     Painter m_painter;
 };

@@ -43,7 +43,8 @@ void CardSurface::setFont(const FontRecord &record, float fontScale)
     m_font.setStrikeOut(record.Strikethrough);
     // Red in the lowest byte; a system colour number prints black.
     const quint32 c = quint32(record.Color);
-    const QColor color = (c & 0x80000000u) ? QColor(Qt::black) : QColor(int(c & 0xFF), int((c >> 8) & 0xFF), int((c >> 16) & 0xFF));
+    const QColor color =
+        (c & 0x80000000u) ? QColor(Qt::black) : QColor(int(c & 0xFF), int((c >> 8) & 0xFF), int((c >> 16) & 0xFF));
     m_painter.setFont(m_font);
     m_painter.setPen(color);
     const QFontMetricsF metrics(m_font, m_painter.device());
@@ -56,7 +57,10 @@ float CardSurface::TextWidth(const QString &text) const
     return float(QFontMetricsF(m_font, m_painter.device()).horizontalAdvance(text)) / m_unitsPerTwip;
 }
 
-float CardSurface::TextHeight(const QString &) const { return m_height; }
+float CardSurface::TextHeight(const QString &) const
+{
+    return m_height;
+}
 
 void CardSurface::print(const QString &text)
 {

@@ -29,7 +29,7 @@ CardContent cardContentOf(CDrinkFacade &facade, qint32 drinkID);
 // A painter seen in twips: positions and text measures are twips whatever the device's
 // resolution, so the device's own font metrics decide every width.
 class CardSurface {
-public:
+  public:
     explicit CardSurface(QPainter &painter);
 
     // The record in full; fontScale multiplies its size (the recipe preview's scale).
@@ -44,7 +44,7 @@ public:
     float unitsPerTwip() const { return m_unitsPerTwip; }
     QPainter &painter() { return m_painter; }
 
-private:
+  private:
     QPainter &m_painter;
     float m_unitsPerTwip;
     QFont m_font;

@@ -16,11 +16,20 @@ const char *const kFontFields[PieceCount] = {"NameFont",   "GlassFont", "BuildFo
 const char *const kPrintFields[PieceCount - 1] = {"PrintGlass",  "PrintBuild", "PrintIng",
                                                   "PrintRecipe", "PrintMark",  "PrintGarnish"};
 
-QString boolText(bool value) { return value ? QStringLiteral("True") : QStringLiteral("False"); }
+QString boolText(bool value)
+{
+    return value ? QStringLiteral("True") : QStringLiteral("False");
+}
 
-bool textBool(const QString &text) { return text.compare(QStringLiteral("True"), Qt::CaseInsensitive) == 0 || text == u"-1"; }
+bool textBool(const QString &text)
+{
+    return text.compare(QStringLiteral("True"), Qt::CaseInsensitive) == 0 || text == u"-1";
+}
 
-double num(const QString &text) { return VbConvert::Val(text); }
+double num(const QString &text)
+{
+    return VbConvert::Val(text);
+}
 
 QString storedLength(const QVariant &value, bool metric)
 {
@@ -30,7 +39,10 @@ QString storedLength(const QVariant &value, bool metric)
 
 } // namespace
 
-QString defaultMark() { return QStringLiteral("Printed with Corvane"); }
+QString defaultMark()
+{
+    return QStringLiteral("Printed with Corvane");
+}
 
 void ResetLayoutControls(PrintLayoutSettings &layout)
 {
@@ -76,13 +88,27 @@ FontRecord fontFromText(const QString &text, const FontRecord &before)
     for (qsizetype i = 0; i < fields.size() && i < 7; ++i) {
         const QString &f = fields[i];
         switch (i) {
-        case 0: font.FontName = f; break;
-        case 1: font.FontSize = qint16(num(f)); break;
-        case 2: font.Color = qint32(num(f)); break;
-        case 3: font.Bold = textBool(f); break;
-        case 4: font.Italic = textBool(f); break;
-        case 5: font.Strikethrough = textBool(f); break;
-        case 6: font.Underline = textBool(f); break;
+        case 0:
+            font.FontName = f;
+            break;
+        case 1:
+            font.FontSize = qint16(num(f));
+            break;
+        case 2:
+            font.Color = qint32(num(f));
+            break;
+        case 3:
+            font.Bold = textBool(f);
+            break;
+        case 4:
+            font.Italic = textBool(f);
+            break;
+        case 5:
+            font.Strikethrough = textBool(f);
+            break;
+        case 6:
+            font.Underline = textBool(f);
+            break;
         }
     }
     return font;
@@ -153,13 +179,21 @@ qint32 SaveLayout(DrinkStore &store, const QString &name, const PrintLayoutSetti
     qint32 id = found ? find.value(0).toInt() : 0;
     find.finish();
 
-    QStringList fields = {QStringLiteral("Name"), QStringLiteral("Orientation"), QStringLiteral("Metric"),
-                          QStringLiteral("MarTop"), QStringLiteral("MarBottom"), QStringLiteral("MarLeft"),
-                          QStringLiteral("MarRight"), QStringLiteral("Rows"), QStringLiteral("Cols"),
-                          QStringLiteral("RowSpacing"), QStringLiteral("ColSpacing"), QStringLiteral("GlassHeight")};
-    QVariantList values = {name, layout.portrait ? 1 : 2, layout.metric ? 1 : 0,
-                           num(layout.marTop), num(layout.marBottom), num(layout.marLeft), num(layout.marRight),
-                           num(layout.rows), num(layout.cols), num(layout.rowSpacing), num(layout.colSpacing),
+    QStringList fields = {QStringLiteral("Name"),       QStringLiteral("Orientation"), QStringLiteral("Metric"),
+                          QStringLiteral("MarTop"),     QStringLiteral("MarBottom"),   QStringLiteral("MarLeft"),
+                          QStringLiteral("MarRight"),   QStringLiteral("Rows"),        QStringLiteral("Cols"),
+                          QStringLiteral("RowSpacing"), QStringLiteral("ColSpacing"),  QStringLiteral("GlassHeight")};
+    QVariantList values = {name,
+                           layout.portrait ? 1 : 2,
+                           layout.metric ? 1 : 0,
+                           num(layout.marTop),
+                           num(layout.marBottom),
+                           num(layout.marLeft),
+                           num(layout.marRight),
+                           num(layout.rows),
+                           num(layout.cols),
+                           num(layout.rowSpacing),
+                           num(layout.colSpacing),
                            num(layout.glassHeight)};
     for (int i = 0; i < PieceCount; ++i) {
         fields << QString::fromLatin1(kFontFields[i]);

@@ -25,7 +25,10 @@ struct FontRecord {
 enum CardPiece { PieceName, PieceGlass, PieceBuild, PieceIng, PieceRecipe, PieceMark, PieceGarnish, PieceCount };
 
 // The print check boxes are the font order less the name.
-inline int checkIndex(CardPiece piece) { return int(piece) - 1; }
+inline int checkIndex(CardPiece piece)
+{
+    return int(piece) - 1;
+}
 
 // A layout as the print dialog's controls hold it: lengths, rows and columns stay the texts
 // the user typed, read as numbers only where they are used.

@@ -93,9 +93,8 @@ PrintResult printDrinksToPdf(const QString &pdfPath, CDrinkFacade &facade, const
         QPdfWriter writer(&file);
         writer.setCreator(QStringLiteral("Corvane"));
         writer.setResolution(1200);
-        const QPageSize::PageSizeId id = paperName.compare(QStringLiteral("A4"), Qt::CaseInsensitive) == 0
-                                             ? QPageSize::A4
-                                             : QPageSize::Letter;
+        const QPageSize::PageSizeId id =
+            paperName.compare(QStringLiteral("A4"), Qt::CaseInsensitive) == 0 ? QPageSize::A4 : QPageSize::Letter;
         writer.setPageLayout(QPageLayout(QPageSize(id), QPageLayout::Portrait, QMarginsF()));
         result = PrintDrinks(writer, facade, drinkIDs, layout, progress);
     }

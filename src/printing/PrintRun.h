@@ -14,7 +14,7 @@ class QPagedPaintDevice;
 
 // The glass pictures of a print run, each taken from the glass archive once.
 class GlassPictureCache {
-public:
+  public:
     explicit GlassPictureCache(QString appDir) : m_appDir(std::move(appDir)) {}
     QImage picture(qint32 glassID);
     GlassPictures provider()
@@ -22,7 +22,7 @@ public:
         return [this](qint32 id) { return picture(id); };
     }
 
-private:
+  private:
     QString m_appDir;
     QHash<qint32, QImage> m_pictures;
 };

@@ -10,6 +10,7 @@
 #include "store/DrinkStore.h"
 #include "widgets/ApplyScheme.h"
 #include "widgets/DelayedProgress.h"
+#include "widgets/HandlerGuard.h"
 #include "widgets/NamedControls.h"
 #include "widgets/PlainMessage.h"
 
@@ -250,9 +251,11 @@ void frmPrint::pnlOpt_Click(int index)
     for (int i = 0; i < 2; ++i) {
         QPalette palette = pnlOpt[size_t(i)]->palette();
         const bool chosen = i == index;
-        palette.setColor(QPalette::Button, schemeColor(chosen ? state.schemeHighlightColor : state.schemeBackgroundColor));
-        palette.setColor(QPalette::ButtonText, chosen ? ColorValues::selectedTextColor(state.schemeTextColor, QApplication::palette())
-                                                      : schemeColor(state.schemeTextColor));
+        palette.setColor(QPalette::Button,
+                         schemeColor(chosen ? state.schemeHighlightColor : state.schemeBackgroundColor));
+        palette.setColor(QPalette::ButtonText,
+                         chosen ? ColorValues::selectedTextColor(state.schemeTextColor, QApplication::palette())
+                                : schemeColor(state.schemeTextColor));
         pnlOpt[size_t(i)]->setPalette(palette);
         QFont font = pnlOpt[size_t(i)]->font();
         font.setBold(chosen);
@@ -287,11 +290,11 @@ void frmPrint::cmdPrint_Click()
         if (path.isEmpty())
             return;
         txtPdfFile->setText(path);
-        result = printDrinksToPdf(path, m_facade, ids, layout, tick);
+        runGuarded(this, [&] { result = printDrinksToPdf(path, m_facade, ids, layout, tick); });
     } else {
         QPrinter printer(QPrinterInfo::printerInfo(cmbPrinter->currentText()), QPrinter::HighResolution);
         printer.setDocName(QStringLiteral("Corvane"));
-        result = PrintDrinks(printer, m_facade, ids, layout, tick);
+        runGuarded(this, [&] { result = PrintDrinks(printer, m_facade, ids, layout, tick); });
     }
     m_printedCards = result.cards;
     if (result.status == PrintResult::Failed)
@@ -344,9 +347,8 @@ void frmPrint::paintCard(QPainter &painter, QWidget &picture)
 void frmPrint::paintPage(QPainter &painter, QWidget &picture)
 {
     const float tpp = 1440.0f / float(picture.logicalDpiX());
-    const CardGrid::PagePreview preview =
-        CardGrid::ShowPagePreview(layoutFromControls(), m_paper, float(picture.width()) * tpp,
-                                  float(picture.height()) * tpp, tpp, tpp);
+    const CardGrid::PagePreview preview = CardGrid::ShowPagePreview(
+        layoutFromControls(), m_paper, float(picture.width()) * tpp, float(picture.height()) * tpp, tpp, tpp);
     auto px = [tpp](const QRectF &r) { return QRectF(r.topLeft() / tpp, r.size() / tpp); };
     painter.fillRect(px(preview.page), Qt::white);
     painter.setPen(Qt::black);

@@ -25,7 +25,7 @@ class QStackedWidget;
 // the stored layouts, and the two previews.
 class frmPrint : public QDialog {
     Q_OBJECT
-public:
+  public:
     // list: the main list as it stands (may be null).
     frmPrint(DrinkStore &store, CDrinkFacade &facade, const DrinkListModel *list, QWidget *parent = nullptr);
     ~frmPrint() override;
@@ -42,7 +42,7 @@ public:
     // What the last print run gave, for whoever opened the dialog.
     int printedCards() const { return m_printedCards; }
 
-public slots:
+  public slots:
     void lstDrinks_Click();
     void cmdSelectAll_Click();
     void cmdClearSelect_Click();
@@ -58,7 +58,7 @@ public slots:
     void ShowPagePreview();
     void PreviewCard();
 
-private:
+  private:
     QWidget *buildPrintPage();
     QWidget *buildLayoutPage();
     QWidget *lengthBox(QLineEdit *&text, const char *textName, const char *udName, bool wholeNumber = false);
@@ -90,8 +90,8 @@ private:
     std::array<QPushButton *, 2> pnlOpt;
     QStackedWidget *pnlDisp;
     QComboBox *cmbPrinter, *cmbLayout, *cmbGlassPrint;
-    QLineEdit *txtMarTop, *txtMarBottom, *txtMarLeft, *txtMarRight, *txtRows, *txtCols, *txtRowSpacing,
-        *txtColSpacing, *txtGlassPH, *txtMark, *txtPdfFile;
+    QLineEdit *txtMarTop, *txtMarBottom, *txtMarLeft, *txtMarRight, *txtRows, *txtCols, *txtRowSpacing, *txtColSpacing,
+        *txtGlassPH, *txtMark, *txtPdfFile;
     QRadioButton *optPort, *optLand;
     QCheckBox *chkMetric;
     PreviewPicture *pctLPreview, *pctSPreview;

@@ -4,6 +4,7 @@
 
 #include "printing/PreviewPicture.h"
 #include "store/DrinkStore.h"
+#include "widgets/HandlerGuard.h"
 #include "widgets/NamedControls.h"
 #include "widgets/PlainMessage.h"
 
@@ -50,7 +51,8 @@ QWidget *frmPrint::lengthBox(QLineEdit *&text, const char *textName, const char 
         arrow->setFixedSize(16, 11);
         arrow->setAutoRepeat(true);
         arrows->addWidget(arrow);
-        connect(arrow, &QToolButton::clicked, this, [this, target, up, wholeNumber] { stepBox(target, up, wholeNumber); });
+        connect(arrow, &QToolButton::clicked, this,
+                [this, target, up, wholeNumber] { stepBox(target, up, wholeNumber); });
     }
     row->addWidget(text);
     row->addWidget(ud);
@@ -102,10 +104,9 @@ QWidget *frmPrint::buildPrintPage()
                                          "cmdFont4", "cmdFont5", "cmdFont6"};
     const char *checkNames[PieceCount - 1] = {"chkPrint0", "chkPrint1", "chkPrint2",
                                               "chkPrint3", "chkPrint4", "chkPrint5"};
-    const QString captions[PieceCount] = {QStringLiteral("Drink name"), QStringLiteral("Glass"),
-                                          QStringLiteral("Build"),      QStringLiteral("Ingredients"),
-                                          QStringLiteral("Recipe"),     QStringLiteral("Mark"),
-                                          QStringLiteral("Garnish")};
+    const QString captions[PieceCount] = {
+        QStringLiteral("Drink name"), QStringLiteral("Glass"), QStringLiteral("Build"),  QStringLiteral("Ingredients"),
+        QStringLiteral("Recipe"),     QStringLiteral("Mark"),  QStringLiteral("Garnish")};
     // Rows in the order of the card: name, glass and build, ingredients, recipe, mark and garnish.
     const int rowOf[PieceCount] = {0, 1, 3, 4, 5, 6, 7};
     for (int i = 0; i < PieceCount; ++i) {
@@ -190,7 +191,8 @@ QWidget *frmPrint::buildLayoutPage()
     column->addLayout(unitRow);
     column->addStretch(1);
 
-    for (QLineEdit *box : {txtMarTop, txtMarBottom, txtMarLeft, txtMarRight, txtRows, txtCols, txtRowSpacing, txtColSpacing})
+    for (QLineEdit *box :
+         {txtMarTop, txtMarBottom, txtMarLeft, txtMarRight, txtRows, txtCols, txtRowSpacing, txtColSpacing})
         connect(box, &QLineEdit::textChanged, this, &frmPrint::ShowPagePreview);
     connect(optPort, &QRadioButton::toggled, this, &frmPrint::ShowPagePreview);
     connect(chkMetric, &QCheckBox::clicked, this, &frmPrint::chkMetric_Click);
@@ -261,8 +263,10 @@ void frmPrint::cmbLayout_Click()
     if (cmbLayout->currentIndex() < 0)
         return;
     PrintLayoutSettings layout = layoutFromControls();
-    if (PrintLayout::LoadLayout(m_store, cmbLayout->currentData().toInt(), layout))
-        setLayoutControls(layout);
+    runGuarded(this, [&] {
+        if (PrintLayout::LoadLayout(m_store, cmbLayout->currentData().toInt(), layout))
+            setLayoutControls(layout);
+    });
 }
 
 void frmPrint::SaveLayout()
@@ -281,7 +285,8 @@ void frmPrint::SaveLayout()
         if (name.isEmpty())
             return;
     }
-    PrintLayout::SaveLayout(m_store, name, layoutFromControls());
+    if (!runGuarded(this, [&] { PrintLayout::SaveLayout(m_store, name, layoutFromControls()); }))
+        return;
     FillLayoutList();
     const QSignalBlocker block(cmbLayout);
     cmbLayout->setCurrentIndex(cmbLayout->findText(name, Qt::MatchFixedString | Qt::MatchCaseSensitive));
@@ -296,7 +301,10 @@ void frmPrint::cmdNewLayout_Click()
     SaveLayout();
 }
 
-void frmPrint::cmdSave_Click() { SaveLayout(); }
+void frmPrint::cmdSave_Click()
+{
+    SaveLayout();
+}
 
 void frmPrint::cmdDeleteLayout_Click()
 {
@@ -309,7 +317,7 @@ void frmPrint::cmdDeleteLayout_Click()
                     QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
     if (ask.exec() != QMessageBox::Yes)
         return;
-    PrintLayout::DeleteLayout(m_store, cmbLayout->currentData().toInt());
+    runGuarded(this, [&] { PrintLayout::DeleteLayout(m_store, cmbLayout->currentData().toInt()); });
     FillLayoutList();
 }
 

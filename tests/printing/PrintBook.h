@@ -37,8 +37,8 @@ inline QString runTool(const QString &program, const QStringList &args)
 
 inline int pdfPages(const QString &path)
 {
-    const auto match = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)"))
-                           .match(runTool(QStringLiteral("pdfinfo"), {path}));
+    const auto match =
+        QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(runTool(QStringLiteral("pdfinfo"), {path}));
     return match.hasMatch() ? match.captured(1).toInt() : -1;
 }
 

@@ -12,7 +12,7 @@
 // A paint device at 1440 dots to the inch (one dot a twip) that keeps what is drawn on it:
 // each text with its baseline point and font, and each picture with its rectangle.
 class RecordingDevice : public QPaintDevice {
-public:
+  public:
     struct Text {
         QString text;
         QPointF at; // baseline start, in twips
@@ -33,26 +33,38 @@ public:
         return nullptr;
     }
 
-protected:
+  protected:
     int metric(PaintDeviceMetric m) const override
     {
         switch (m) {
-        case PdmWidth: return 12240; // Letter, 8.5 x 11 inches
-        case PdmHeight: return 15840;
-        case PdmWidthMM: return 216;
-        case PdmHeightMM: return 279;
-        case PdmDpiX: case PdmDpiY: case PdmPhysicalDpiX: case PdmPhysicalDpiY: return 1440;
-        case PdmNumColors: return 0x7fffffff;
-        case PdmDepth: return 32;
-        case PdmDevicePixelRatio: return 1;
-        case PdmDevicePixelRatioScaled: return int(devicePixelRatioFScale());
+        case PdmWidth:
+            return 12240; // Letter, 8.5 x 11 inches
+        case PdmHeight:
+            return 15840;
+        case PdmWidthMM:
+            return 216;
+        case PdmHeightMM:
+            return 279;
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY:
+            return 1440;
+        case PdmNumColors:
+            return 0x7fffffff;
+        case PdmDepth:
+            return 32;
+        case PdmDevicePixelRatio:
+            return 1;
+        case PdmDevicePixelRatioScaled:
+            return int(devicePixelRatioFScale());
         }
         return 0;
     }
 
-private:
+  private:
     class Engine : public QPaintEngine {
-    public:
+      public:
         explicit Engine(RecordingDevice *device) : QPaintEngine(AllFeatures), m_device(device) {}
         bool begin(QPaintDevice *) override { return true; }
         bool end() override { return true; }
@@ -68,7 +80,7 @@ private:
             m_device->texts.push_back({item.text(), p, item.font(), painter()->pen().color()});
         }
 
-    private:
+      private:
         RecordingDevice *m_device;
     };
     Engine m_engine;

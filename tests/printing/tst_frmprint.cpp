@@ -38,12 +38,12 @@ void screenshot(QWidget *w, const QString &name)
 
 class TestFrmPrint : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void refusals_data();
     void refusals();
     void printsTheChosenDrinks();
 
-private:
+  private:
     QString lastMessage;
 };
 
@@ -57,7 +57,8 @@ void TestFrmPrint::refusals_data()
                                      << "There are no marked drinks to print.";
     QTest::newRow("empty main list") << "" << false << "SELECT id, Name FROM Drinks WHERE id < 0"
                                      << "There are no drinks selected to print.";
-    QTest::newRow("marked drinks ignore the list") << "" << true << "" << "";
+    QTest::newRow("marked drinks ignore the list") << "" << true << ""
+                                                   << "";
     QTest::newRow("one drink in the list is enough") << "" << false << "SELECT id, Name FROM Drinks WHERE id = 11"
                                                      << "";
 }
@@ -82,7 +83,8 @@ void TestFrmPrint::refusals()
     if (message.isEmpty()) {
         const auto *drinks = child<QListWidget>(&dlg, "lstDrinks");
         QCOMPARE(drinks->count(), 1);
-        QCOMPARE(drinks->item(0)->text(), markedOnly ? QStringLiteral("Kir \"Royal\" Élysée") : QStringLiteral("Manhattan"));
+        QCOMPARE(drinks->item(0)->text(),
+                 markedOnly ? QStringLiteral("Kir \"Royal\" Élysée") : QStringLiteral("Manhattan"));
         QCOMPARE(facade.currentDrinkID(), drinks->item(0)->data(Qt::UserRole).toInt());
     }
 }
@@ -137,7 +139,9 @@ void TestFrmPrint::printsTheChosenDrinks()
     cols->setText(QStringLiteral("3"));
     answerNextMessage(this, &lastMessage, QMessageBox::No);
     QTest::mouseClick(child<QPushButton>(&dlg, "cmdSave"), Qt::LeftButton);
-    QCOMPARE(lastMessage, QStringLiteral("Save Layout|Do you want to replace the \"%1\" layout with the current settings?").arg(name));
+    QCOMPARE(
+        lastMessage,
+        QStringLiteral("Save Layout|Do you want to replace the \"%1\" layout with the current settings?").arg(name));
     PrintLayoutSettings stored = PrintLayout::defaults();
     QVERIFY(PrintLayout::LoadLayout(db.store(), layouts->currentData().toInt(), stored));
     QCOMPARE(stored.cols, QStringLiteral("2"));
@@ -164,7 +168,8 @@ void TestFrmPrint::printsTheChosenDrinks()
     QCOMPARE(dlg.printedCards(), 3);
     QCOMPARE(pdfPages(pdf), 2);
     const QString text = pdfText(pdf);
-    for (const char *piece : {"Manhattan", "Martini", "Kir \"Royal\" Élysée", "2 oz Rye Whiskey", "Stir with ice and strain."})
+    for (const char *piece :
+         {"Manhattan", "Martini", "Kir \"Royal\" Élysée", "2 oz Rye Whiskey", "Stir with ice and strain."})
         QVERIFY2(text.contains(QString::fromUtf8(piece)), piece);
     if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
         QFile::copy(pdf, qEnvironmentVariable("CORVANE_SCREENSHOTS") + QStringLiteral("/cards.pdf"));

@@ -34,20 +34,18 @@ CardContent martini()
     return card;
 }
 
+// The device's own measures of a piece's font, in twips.
 struct Measure {
     QFontMetricsF metrics;
-    Measure(const FontRecord &r, QPaintDevice *d, float scale = 1)
-        : metrics(
-              [&] {
-                  QFont f(r.FontName);
-                  f.setPointSizeF(r.FontSize * scale);
-                  f.setBold(r.Bold);
-                  f.setItalic(r.Italic);
-                  return f;
-              }(),
-              d)
+    static QFont fontOf(const FontRecord &r, float scale)
     {
+        QFont f(r.FontName);
+        f.setPointSizeF(r.FontSize * scale);
+        f.setBold(r.Bold);
+        f.setItalic(r.Italic);
+        return f;
     }
+    Measure(const FontRecord &r, QPaintDevice *d, float scale = 1) : metrics(fontOf(r, scale), d) {}
     float h() const { return float(metrics.height()); }
     float a() const { return float(metrics.ascent()); }
     float w(const QString &t) const { return float(metrics.horizontalAdvance(t)); }
@@ -73,7 +71,7 @@ QStringList drawnLines(RecordingDevice &device, const QString &text, float width
 
 class TestPrintCard : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void pieces_data();
     void pieces();
     void ingredientColumns_data();
@@ -111,14 +109,15 @@ void TestPrintCard::pieces()
     {
         QPainter painter(&device);
         CardSurface surface(painter);
-        PrintCard(surface, card, layout, kCell,
-                  [&](qint32 id) {
-                      glassAsked = id;
-                      QImage tall(10, 40, QImage::Format_RGB32);
-                      tall.fill(Qt::blue);
-                      return tall;
-                  },
-                  scale);
+        PrintCard(
+            surface, card, layout, kCell,
+            [&](qint32 id) {
+                glassAsked = id;
+                QImage tall(10, 40, QImage::Format_RGB32);
+                tall.fill(Qt::blue);
+                return tall;
+            },
+            scale);
     }
     auto m = [&](CardPiece p) { return Measure(layout.fonts[p], &device, scale); };
     auto check = [&](CardPiece piece, const QString &text, float left, float top) {
@@ -170,10 +169,10 @@ void TestPrintCard::pieces()
 
 void TestPrintCard::ingredientColumns_data()
 {
-    QTest::addColumn<int>("fit");       // lines the body holds
+    QTest::addColumn<int>("fit"); // lines the body holds
     QTest::addColumn<int>("lines");
-    QTest::addColumn<int>("columns");   // columns the card is divided into
-    QTest::addColumn<int>("filled");    // columns that get lines
+    QTest::addColumn<int>("columns"); // columns the card is divided into
+    QTest::addColumn<int>("filled");  // columns that get lines
     QTest::newRow("exactly as many as fit") << 4 << 4 << 1 << 1;
     QTest::newRow("one more than fit") << 4 << 5 << 2 << 2;
     QTest::newRow("fewer than fit") << 4 << 2 << 1 << 1;
@@ -267,20 +266,24 @@ void TestPrintCard::wrapping_data()
     QTest::addColumn<QString>("widthOf"); // the width: this text's
     QTest::addColumn<float>("lines");     // room, in lines, from the top
     QTest::addColumn<QStringList>("out");
-    QTest::newRow("fits") << "Shake well." << "Shake well. and more" << 5.0f << QStringList{"Shake well."};
+    QTest::newRow("fits") << "Shake well."
+                          << "Shake well. and more" << 5.0f << QStringList{"Shake well."};
     QTest::newRow("break at the end prints no empty line")
-        << "Shake well.\r\n" << "Shake well. and more" << 5.0f << QStringList{"Shake well."};
-    QTest::newRow("CR LF") << "Shake.\r\nStrain." << "Shake well. and more" << 5.0f
-                           << QStringList{"Shake.", "Strain."};
-    QTest::newRow("lone LF loses no letter") << "Shake.\nStrain." << "Shake well. and more" << 5.0f
-                                             << QStringList{"Shake.", "Strain."};
-    QTest::newRow("back to the last blank") << "Shake with ice" << "Shake with ic" << 5.0f
-                                            << QStringList{"Shake with", "ice"};
-    QTest::newRow("word wider than the card") << "Supercalifragilistic" << "Supercali" << 5.0f
-                                              << QStringList{"Supercali", "fragilist", "ic"};
+        << "Shake well.\r\n"
+        << "Shake well. and more" << 5.0f << QStringList{"Shake well."};
+    QTest::newRow("CR LF") << "Shake.\r\nStrain."
+                           << "Shake well. and more" << 5.0f << QStringList{"Shake.", "Strain."};
+    QTest::newRow("lone LF loses no letter") << "Shake.\nStrain."
+                                             << "Shake well. and more" << 5.0f << QStringList{"Shake.", "Strain."};
+    QTest::newRow("back to the last blank") << "Shake with ice"
+                                            << "Shake with ic" << 5.0f << QStringList{"Shake with", "ice"};
+    QTest::newRow("word wider than the card") << "Supercalifragilistic"
+                                              << "Supercali" << 5.0f << QStringList{"Supercali", "fragilist", "ic"};
     // Room for three lines: the rest is dropped.
-    QTest::newRow("past the limit") << "a\nb\nc\nd\ne" << "abcdef" << 3.0f << QStringList{"a", "b", "c"};
-    QTest::newRow("no room for one line") << "a b" << "abcdef" << 0.5f << QStringList{};
+    QTest::newRow("past the limit") << "a\nb\nc\nd\ne"
+                                    << "abcdef" << 3.0f << QStringList{"a", "b", "c"};
+    QTest::newRow("no room for one line") << "a b"
+                                          << "abcdef" << 0.5f << QStringList{};
 }
 
 void TestPrintCard::wrapping()

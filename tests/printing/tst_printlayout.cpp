@@ -10,7 +10,7 @@ Q_DECLARE_METATYPE(FontRecord)
 
 class TestPrintLayout : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void fontText_data();
     void fontText();
     void lengths_data();
@@ -32,9 +32,10 @@ void TestPrintLayout::fontText_data()
     // Underline is stored after strikethrough.
     QTest::newRow("bold underline red") << FontRecord{"Times New Roman", 9, true, false, true, false, 255}
                                         << "Times New Roman;9;255;True;False;False;True;";
-    QTest::newRow("italic strikethrough") << FontRecord{"Courier", 8, false, true, false, true, 0x00FF00}
-                                          << "Courier;8;65280;False;True;True;False;";
-    QTest::newRow("accents") << FontRecord{"Gill Sans Ünïcode", 11} << "Gill Sans Ünïcode;11;0;False;False;False;False;";
+    QTest::newRow("italic strikethrough")
+        << FontRecord{"Courier", 8, false, true, false, true, 0x00FF00} << "Courier;8;65280;False;True;True;False;";
+    QTest::newRow("accents") << FontRecord{"Gill Sans Ünïcode", 11}
+                             << "Gill Sans Ünïcode;11;0;False;False;False;False;";
 }
 
 void TestPrintLayout::fontText()
@@ -62,18 +63,30 @@ void TestPrintLayout::lengths_data()
     QTest::addColumn<QString>("in");
     QTest::addColumn<bool>("metric");
     QTest::addColumn<QString>("out");
-    QTest::newRow("inch to mm") << "convert" << "1.0" << true << "25";
-    QTest::newRow("half inch to mm") << "convert" << "0.5" << true << "13";
-    QTest::newRow("mm to inch") << "convert" << "25" << false << "1.0";
-    QTest::newRow("mm to inch rounds") << "convert" << "13" << false << "0.5";
-    QTest::newRow("text is 0") << "convert" << "abc" << true << "0";
-    QTest::newRow("numeric prefix") << "convert" << "2in" << true << "51";
-    QTest::newRow("inch up") << "up" << "1.0" << false << "1.1";
-    QTest::newRow("inch down at 0 stays") << "down" << "0.0" << false << "0.0";
-    QTest::newRow("inch down below 0") << "down" << "0.05" << false << "0.0";
-    QTest::newRow("mm up") << "up" << "9" << true << "10";
-    QTest::newRow("mm down at 0") << "down" << "0" << true << "0";
-    QTest::newRow("mm down from fraction") << "down" << "3.6" << true << "3";
+    QTest::newRow("inch to mm") << "convert"
+                                << "1.0" << true << "25";
+    QTest::newRow("half inch to mm") << "convert"
+                                     << "0.5" << true << "13";
+    QTest::newRow("mm to inch") << "convert"
+                                << "25" << false << "1.0";
+    QTest::newRow("mm to inch rounds") << "convert"
+                                       << "13" << false << "0.5";
+    QTest::newRow("text is 0") << "convert"
+                               << "abc" << true << "0";
+    QTest::newRow("numeric prefix") << "convert"
+                                    << "2in" << true << "51";
+    QTest::newRow("inch up") << "up"
+                             << "1.0" << false << "1.1";
+    QTest::newRow("inch down at 0 stays") << "down"
+                                          << "0.0" << false << "0.0";
+    QTest::newRow("inch down below 0") << "down"
+                                       << "0.05" << false << "0.0";
+    QTest::newRow("mm up") << "up"
+                           << "9" << true << "10";
+    QTest::newRow("mm down at 0") << "down"
+                                  << "0" << true << "0";
+    QTest::newRow("mm down from fraction") << "down"
+                                           << "3.6" << true << "3";
 }
 
 void TestPrintLayout::lengths()
@@ -82,8 +95,8 @@ void TestPrintLayout::lengths()
     QFETCH(QString, in);
     QFETCH(bool, metric);
     QFETCH(QString, out);
-    const QString result = op == u"convert" ? PrintLayout::ConvertLength(in, metric)
-                                            : PrintLayout::stepLength(in, metric, op == u"up");
+    const QString result =
+        op == u"convert" ? PrintLayout::ConvertLength(in, metric) : PrintLayout::stepLength(in, metric, op == u"up");
     QCOMPARE(result, out);
 }
 
@@ -92,8 +105,8 @@ void TestPrintLayout::cells_data()
     QTest::addColumn<QStringList>("settings"); // rows, cols, row spacing, col spacing, margin, metric
     QTest::addColumn<QList<float>>("page");    // width, height, printable width, printable height
     QTest::addColumn<int>("cellIndex");
-    QTest::addColumn<QList<float>>("cell");    // left, top, right, bottom
-    QTest::addColumn<QList<float>>("card");    // CardWidth, CardHeight
+    QTest::addColumn<QList<float>>("cell"); // left, top, right, bottom
+    QTest::addColumn<QList<float>>("card"); // CardWidth, CardHeight
 
     const QList<float> letter{12240, 15840, 12240, 15840};
     QTest::newRow("2x2 first") << QStringList{"2", "2", "0.25", "0.25", "1.0", ""} << letter << 0
@@ -151,12 +164,18 @@ void TestPrintLayout::pages_data()
     QTest::addColumn<QString>("cols");
     QTest::addColumn<int>("selected");
     QTest::addColumn<int>("pages");
-    QTest::newRow("4 on 2 a page") << "1" << "2" << 4 << 2;
-    QTest::newRow("5 on 2 a page") << "2" << "1" << 5 << 3;
-    QTest::newRow("none selected") << "2" << "2" << 0 << 0;
-    QTest::newRow("fractions multiply first") << "2.5" << "2" << 5 << 1;
-    QTest::newRow("no columns") << "3" << "0" << 3 << 0;
-    QTest::newRow("text rows") << "x" << "2" << 3 << 0;
+    QTest::newRow("4 on 2 a page") << "1"
+                                   << "2" << 4 << 2;
+    QTest::newRow("5 on 2 a page") << "2"
+                                   << "1" << 5 << 3;
+    QTest::newRow("none selected") << "2"
+                                   << "2" << 0 << 0;
+    QTest::newRow("fractions multiply first") << "2.5"
+                                              << "2" << 5 << 1;
+    QTest::newRow("no columns") << "3"
+                                << "0" << 3 << 0;
+    QTest::newRow("text rows") << "x"
+                               << "2" << 3 << 0;
 }
 
 void TestPrintLayout::pages()

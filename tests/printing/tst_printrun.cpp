@@ -10,7 +10,7 @@
 
 class TestPrintRun : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void pages_data();
     void pages();
     void cancelAndBadLayout();
@@ -23,10 +23,14 @@ void TestPrintRun::pages_data()
     QTest::addColumn<bool>("portrait");
     QTest::addColumn<int>("pages");
     // A full last page begins no empty one.
-    QTest::newRow("one card a page") << "1" << "1" << true << 3;
-    QTest::newRow("two cards a page") << "2" << "1" << true << 2;
-    QTest::newRow("three cards, one page full") << "1" << "3" << false << 1;
-    QTest::newRow("four a page") << "2" << "2" << true << 1;
+    QTest::newRow("one card a page") << "1"
+                                     << "1" << true << 3;
+    QTest::newRow("two cards a page") << "2"
+                                      << "1" << true << 2;
+    QTest::newRow("three cards, one page full") << "1"
+                                                << "3" << false << 1;
+    QTest::newRow("four a page") << "2"
+                                 << "2" << true << 1;
 }
 
 void TestPrintRun::pages()
@@ -93,8 +97,8 @@ void TestPrintRun::cancelAndBadLayout()
     old.close();
 
     // A file that cannot be written fails without printing.
-    result = printDrinksToPdf(db.appDir() + QStringLiteral("/no/such/dir/cards.pdf"), facade, {10},
-                              PrintLayout::defaults());
+    result =
+        printDrinksToPdf(db.appDir() + QStringLiteral("/no/such/dir/cards.pdf"), facade, {10}, PrintLayout::defaults());
     QCOMPARE(result.status, PrintResult::Failed);
     QVERIFY(!result.error.isEmpty());
 }
