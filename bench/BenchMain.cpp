@@ -11,7 +11,7 @@
 #include "store/DrinkStore.h"
 #include "store/StoreError.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -86,8 +86,11 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
-    // Qt SQL finds its driver plugins only through an application object.
-    QCoreApplication app(argc, argv);
+    // Qt SQL finds its driver plugins only through an application object; printed cards need
+    // fonts, which only a GUI application has, on the screenless platform.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
 
     Bench::Registry registry;
     try {

@@ -16,6 +16,7 @@
 #include "reference/frmIngMaint.h"
 #include "reference/frmIngTypes.h"
 #include "pricing/frmDrinkPrices.h"
+#include "printing/frmPrint.h"
 #include "search/SearchDialogs.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
@@ -55,6 +56,14 @@ void frmMain::RunCommand(int command)
             frmDXExport dlg(*m_store, *m_facade, m_listModel, this);
             dlg.Setup(command == 2 ? 1 : command == 3 ? 2 : 3);
             dlg.exec();
+            break;
+        }
+        case 4:
+        case 5: {
+            frmPrint dlg(*m_store, *m_facade, m_listModel, this);
+            if (dlg.Setup(command == 5))
+                dlg.exec();
+            ShowSelectedDrink();
             break;
         }
         case 6:

@@ -1,0 +1,107 @@
+#include "presentation/CDrinkFacade.h"
+#include "printing/PrintRun.h"
+#include "store/DrinkStore.h"
+
+#include "PrintBook.h"
+#include "TestStore.h"
+
+#include <QFile>
+#include <QtTest>
+
+class TestPrintRun : public QObject {
+    Q_OBJECT
+  private slots:
+    void pages_data();
+    void pages();
+    void cancelAndBadLayout();
+};
+
+void TestPrintRun::pages_data()
+{
+    QTest::addColumn<QString>("rows");
+    QTest::addColumn<QString>("cols");
+    QTest::addColumn<bool>("portrait");
+    QTest::addColumn<int>("pages");
+    // A full last page begins no empty one.
+    QTest::newRow("one card a page") << "1"
+                                     << "1" << true << 3;
+    QTest::newRow("two cards a page") << "2"
+                                      << "1" << true << 2;
+    QTest::newRow("three cards, one page full") << "1"
+                                                << "3" << false << 1;
+    QTest::newRow("four a page") << "2"
+                                 << "2" << true << 1;
+}
+
+void TestPrintRun::pages()
+{
+    QFETCH(QString, rows);
+    QFETCH(QString, cols);
+    QFETCH(bool, portrait);
+    QFETCH(int, pages);
+    TestStore db(printBookSql());
+    CDrinkFacade facade(db.store(), db.appDir());
+    PrintLayoutSettings layout = PrintLayout::defaults();
+    layout.rows = rows;
+    layout.cols = cols;
+    layout.portrait = portrait;
+    layout.marTop = layout.marLeft = QStringLiteral("0.5");
+    layout.print[checkIndex(PieceRecipe)] = true;
+    const QString pdf = db.appDir() + QStringLiteral("/cards.pdf");
+    QList<int> progress;
+    const PrintResult result = printDrinksToPdf(pdf, facade, {10, 11, 12}, layout, [&](int done, int total) {
+        progress << done * 10 + total;
+        return true;
+    });
+    QCOMPARE(result.status, PrintResult::Printed);
+    QCOMPARE(result.cards, 3);
+    QCOMPARE(result.pages, pages);
+    QCOMPARE(progress, (QList<int>{13, 23, 33}));
+    QCOMPARE(pdfPages(pdf), pages);
+
+    const QString text = pdfText(pdf);
+    for (const char *piece : {"Martini", "Manhattan", "Kir \"Royal\" Élysée", "2 oz Gin", "1/2 oz Dry Vermouth",
+                              "1 oz Sweet Vermouth", "1/2 oz Crème de Cassis", "4 oz Champagne", "Stirred", "Olive",
+                              "Stir with ice and strain.", "Printed with Corvane"})
+        QVERIFY2(text.contains(QString::fromUtf8(piece)), piece);
+    // English amounts only, never the metric ones.
+    QVERIFY(!text.contains(QStringLiteral("6 cl")));
+    // Cards go in list order: the first drink on the first page.
+    QVERIFY(text.indexOf(QStringLiteral("Martini")) < text.indexOf(QStringLiteral("Manhattan")));
+}
+
+void TestPrintRun::cancelAndBadLayout()
+{
+    TestStore db(printBookSql());
+    CDrinkFacade facade(db.store(), db.appDir());
+    const QString pdf = db.appDir() + QStringLiteral("/cards.pdf");
+    QFile old(pdf);
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write("before");
+    old.close();
+
+    PrintLayoutSettings layout = PrintLayout::defaults();
+    int calls = 0;
+    PrintResult result = printDrinksToPdf(pdf, facade, {10, 11, 12}, layout, [&](int, int) { return ++calls < 2; });
+    QCOMPARE(result.status, PrintResult::Canceled);
+    QCOMPARE(calls, 2);
+
+    layout.cols = QStringLiteral("0");
+    result = printDrinksToPdf(pdf, facade, {10}, layout);
+    QCOMPARE(result.status, PrintResult::BadLayout);
+    QCOMPARE(result.cards, 0);
+
+    // Neither run touched the file that was there.
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    QCOMPARE(old.readAll(), QByteArray("before"));
+    old.close();
+
+    // A file that cannot be written fails without printing.
+    result =
+        printDrinksToPdf(db.appDir() + QStringLiteral("/no/such/dir/cards.pdf"), facade, {10}, PrintLayout::defaults());
+    QCOMPARE(result.status, PrintResult::Failed);
+    QVERIFY(!result.error.isEmpty());
+}
+
+QTEST_MAIN(TestPrintRun)
+#include "tst_printrun.moc"
