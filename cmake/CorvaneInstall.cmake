@@ -21,13 +21,15 @@ foreach(size 16 32 48 256)
           RENAME ${CORVANE_DESKTOP_ID}.png)
 endforeach()
 
-# The package's documents: the copyright notice and the change log, compressed as Debian wants
-# them (gzip -n, so that the same sources give the same package).
+# The documents: the manual page, the copyright notice and the change log, compressed as Debian
+# wants them (gzip -n, so that the same sources give the same package).
 set(CORVANE_CHANGELOG_DATE "Mon, 23 Nov 2026 12:00:00 +0000")
 configure_file(${desktop}/changelog.in ${CMAKE_BINARY_DIR}/doc/changelog @ONLY)
 find_program(GZIP_PROGRAM gzip REQUIRED)
-add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/doc/changelog.gz
+add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/doc/changelog.gz ${CMAKE_BINARY_DIR}/doc/corvane.1.gz
   COMMAND ${GZIP_PROGRAM} -n -9 -c ${CMAKE_BINARY_DIR}/doc/changelog > ${CMAKE_BINARY_DIR}/doc/changelog.gz
-  DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog)
-add_custom_target(corvane_docs ALL DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog.gz)
+  COMMAND ${GZIP_PROGRAM} -n -9 -c ${desktop}/corvane.1 > ${CMAKE_BINARY_DIR}/doc/corvane.1.gz
+  DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog ${desktop}/corvane.1)
+add_custom_target(corvane_docs ALL DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog.gz ${CMAKE_BINARY_DIR}/doc/corvane.1.gz)
 install(FILES ${desktop}/copyright ${CMAKE_BINARY_DIR}/doc/changelog.gz DESTINATION share/doc/corvane)
+install(FILES ${CMAKE_BINARY_DIR}/doc/corvane.1.gz DESTINATION share/man/man1)

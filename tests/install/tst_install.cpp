@@ -123,6 +123,7 @@ void tst_Install::installedFiles_data()
                                        << size;
     QTest::newRow("copyright") << "share/doc/corvane/copyright" << 0;
     QTest::newRow("change log") << "share/doc/corvane/changelog.gz" << 0;
+    QTest::newRow("manual page") << "share/man/man1/corvane.1.gz" << 0;
 }
 
 void tst_Install::installedFiles()
