@@ -120,7 +120,8 @@ void tst_HandOver::exchangeFileHandedOverWithItsWholePath()
     env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     second.setProcessEnvironment(env);
     second.setWorkingDirectory(downloads.path());
-    second.start(QStringLiteral(CORVANE_EXECUTABLE), {QStringLiteral("--appdir"), appDir.path(), QStringLiteral("Sours é.cvx")});
+    second.start(QStringLiteral(CORVANE_EXECUTABLE),
+                 {QStringLiteral("--appdir"), appDir.path(), QStringLiteral("Sours é.cvx")});
     QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 15000);
     QCOMPARE(second.exitCode(), 0);
     QCOMPARE(received, QStringList{downloads.filePath(QStringLiteral("Sours é.cvx"))});
