@@ -1,10 +1,13 @@
 #include "base/AppPaths.h"
+#include "base/CommandLine.h"
 #include "shell/InstanceLink.h"
 #include "shell/QuitSignals.h"
 #include "shell/ShellMessages.h"
 #include "shell/frmMain.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 #include <QMessageBox>
 #include <QStringList>
 
@@ -12,6 +15,12 @@ int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Corvane"));
+    // The desktop entry's id links the windows to the menu entry and its icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.corvane.Corvane"));
+    QIcon icon;
+    for (const int size : {16, 32, 48, 256})
+        icon.addFile(QStringLiteral(":/corvane/corvane-%1.png").arg(size));
+    QApplication::setWindowIcon(icon);
 
     // A logout, a terminal's Ctrl-C or a kill ends the program as "Exit" does.
     bool quitAsked = false;
@@ -31,7 +40,7 @@ int main(int argc, char **argv)
         else if (args[i].startsWith(u"--appdir="))
             explicitDir = args[i].mid(9);
         else
-            rest << args[i];
+            rest << commandLineArgument(args[i], QDir::currentPath());
     }
     const QString commandLine = rest.join(u' ');
     const QString appDir = AppPaths::resolve(explicitDir);

@@ -2,7 +2,16 @@
 
 #include "base/VbConvert.h"
 
+#include <QDir>
 #include <QLocale>
+#include <QUrl>
+
+namespace {
+bool isExchangeFileName(const QString &text)
+{
+    return text.endsWith(u".cvx", Qt::CaseInsensitive);
+}
+} // namespace
 
 CommandLineAction ParseCommandLine(const QString &line)
 {
@@ -20,6 +29,9 @@ CommandLineAction ParseCommandLine(const QString &line)
     } else if (text.left(5).toUpper() == u"/MAP=") {
         action.kind = CommandLineAction::ShowDrinkByMapID;
         action.text = text.mid(5);
+    } else if (isExchangeFileName(text)) {
+        action.kind = CommandLineAction::ImportExchangeFile;
+        action.text = text;
     }
     return action;
 }
@@ -27,4 +39,19 @@ CommandLineAction ParseCommandLine(const QString &line)
 QString invalidDrinkIdMessage(const QString &idText)
 {
     return QStringLiteral("The Drink ID passed in, %1, is not a valid Corvane Drink ID.").arg(idText);
+}
+
+QString commandLineArgument(const QString &argument, const QString &workingDir)
+{
+    const QString text = argument.trimmed();
+    if (!isExchangeFileName(text) || text.left(4).toUpper() == u"/ID=" || text.left(5).toUpper() == u"/MAP=")
+        return argument;
+    QString path = text;
+    if (text.contains(u"://")) {
+        const QUrl url(text);
+        if (!url.isLocalFile())
+            return argument;
+        path = url.toLocalFile();
+    }
+    return QDir::cleanPath(QDir(workingDir).absoluteFilePath(path));
 }

@@ -73,6 +73,8 @@ void frmDXImport::ImportCVXFile(const QString &fileName)
     cmdOK_Click();
 }
 
+void frmDXImport::setFileName(const QString &fileName) { txtFileName->setText(fileName); }
+
 void frmDXImport::cmdOK_Click()
 {
     const QString name = txtFileName->text();

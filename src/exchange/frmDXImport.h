@@ -16,6 +16,8 @@ public:
 
     // For callers that drive the dialog from code: the same as typing the name and pressing OK.
     void ImportCVXFile(const QString &fileName);
+    // Opens on a file the user chose outside the program; the import waits for OK.
+    void setFileName(const QString &fileName);
     // Whether any drink was added, so that the caller re-reads what it shows.
     bool addedAny() const { return m_addedAny; }
 

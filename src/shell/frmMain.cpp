@@ -4,6 +4,7 @@
 #include "base/CLocalConfig.h"
 #include "base/modCorvane.h"
 #include "exchange/MapFile.h"
+#include "exchange/frmDXImport.h"
 #include "presentation/CDrinkFacade.h"
 #include "presentation/DrinkListModel.h"
 #include "presentation/PageFiles.h"
@@ -33,6 +34,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -196,6 +198,11 @@ void frmMain::ProcessCommandLine(const QString &text)
     case CommandLineAction::ShowDrinkByMapID:
         ShowDrinkByMapID(action.text);
         break;
+    case CommandLineAction::ImportExchangeFile:
+        // After the line is answered: a second start that handed the file over ends at once
+        // instead of waiting on the dialog.
+        QTimer::singleShot(0, this, [this, file = action.text] { ImportExchangeFile(file); });
+        break;
     case CommandLineAction::Ignore:
         break;
     }
@@ -223,6 +230,21 @@ void frmMain::ShowDrinkByMapID(const QString &mapId)
     sbCount->setText(QStringLiteral("Map ID ") + mapId);
     ShowDrink(found.drinkId);
     m_openedByMap = true;
+}
+
+void frmMain::ImportExchangeFile(const QString &fileName)
+{
+    if (!m_store)
+        return;
+    bringForward();
+    guarded([&] {
+        frmDXImport dlg(*m_store, this);
+        dlg.setFileName(fileName);
+        dlg.exec();
+        if (dlg.addedAny())
+            m_list->reloadWithCurrentTab();
+        ShowSelectedDrink();
+    });
 }
 
 void frmMain::ShowSelectedDrink() { m_list->ShowSelectedDrink(); }

@@ -53,6 +53,7 @@ private:
     void buildWidgets();
     void ShowDrinkByID(const CommandLineAction &action);
     void ShowDrinkByMapID(const QString &mapId);
+    void ImportExchangeFile(const QString &fileName);
     void pnlLogo_Click();
     void showPage(const QString &html);
     bool Form_KeyDown(QKeyEvent *event);

@@ -13,6 +13,8 @@ class tst_Startup : public QObject {
 private slots:
     void commandLine_data();
     void commandLine();
+    void argument_data();
+    void argument();
     void val_data();
     void val();
     void lastView_data();
@@ -36,6 +38,10 @@ void tst_Startup::commandLine_data()
     QTest::newRow("too large") << "/ID=99999999999" << int(CommandLineAction::InvalidDrinkID) << 0 << "99999999999";
     QTest::newRow("map") << "/map=BAR-7" << int(CommandLineAction::ShowDrinkByMapID) << 0 << "BAR-7";
     QTest::newRow("map keeps case of key") << "/MAP=Key" << int(CommandLineAction::ShowDrinkByMapID) << 0 << "Key";
+    QTest::newRow("exchange file") << " /home/a b/Sours.CVX " << int(CommandLineAction::ImportExchangeFile) << 0
+                                   << "/home/a b/Sours.CVX";
+    QTest::newRow("id wins over the ending") << "/ID=x.cvx" << int(CommandLineAction::InvalidDrinkID) << 0 << "x.cvx";
+    QTest::newRow("other file") << "/tmp/list.cvx.txt" << int(CommandLineAction::Ignore) << 0 << "";
     QTest::newRow("anything else") << "-ID=3" << int(CommandLineAction::Ignore) << 0 << "";
     QTest::newRow("empty") << "" << int(CommandLineAction::Ignore) << 0 << "";
 }
@@ -50,6 +56,27 @@ void tst_Startup::commandLine()
     QCOMPARE(int(a.kind), kind);
     QCOMPARE(a.drinkId, id);
     QCOMPARE(a.text, text);
+}
+
+void tst_Startup::argument_data()
+{
+    QTest::addColumn<QString>("argument");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("relative file") << "new/Sours.cvx" << "/work/dir/new/Sours.cvx";
+    QTest::newRow("dot dot") << "../Sours.CVX" << "/work/Sours.CVX";
+    QTest::newRow("absolute file") << "/tmp/a b/ümlaut.cvx" << "/tmp/a b/ümlaut.cvx";
+    QTest::newRow("file address") << "file:///tmp/a%20b/Sours.cvx" << "/tmp/a b/Sours.cvx";
+    QTest::newRow("remote address") << "https://host/Sours.cvx" << "https://host/Sours.cvx";
+    QTest::newRow("id") << "/ID=12" << "/ID=12";
+    QTest::newRow("map key ending like a file") << "/MAP=a.cvx" << "/MAP=a.cvx";
+    QTest::newRow("other argument") << "notes.txt" << "notes.txt";
+}
+
+void tst_Startup::argument()
+{
+    QFETCH(QString, argument);
+    QFETCH(QString, expected);
+    QCOMPARE(commandLineArgument(argument, QStringLiteral("/work/dir")), expected);
 }
 
 void tst_Startup::val_data()

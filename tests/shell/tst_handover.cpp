@@ -18,6 +18,7 @@ private slots:
     void linkDeliversAndPassesOn();
     void noRunningCopy();
     void processesHandOver();
+    void exchangeFileHandedOverWithItsWholePath();
     void silentCopyIsGivenUpOn();
     void terminationEndsAsExitDoes_data();
     void terminationEndsAsExitDoes();
@@ -104,6 +105,26 @@ void tst_HandOver::noRunningCopy()
     QTemporaryDir dir;
     QCOMPARE(InstanceLink::handOver(dir.path(), QStringLiteral("/ID=2"), 200), InstanceLink::NoRunningCopy);
     QVERIFY(InstanceLink::serverName(dir.path()) != InstanceLink::serverName(dir.path() + QStringLiteral("x")));
+}
+
+void tst_HandOver::exchangeFileHandedOverWithItsWholePath()
+{
+    // The running copy works in another folder than the desktop that starts the second one.
+    QTemporaryDir appDir, downloads;
+    InstanceLink running;
+    QVERIFY(running.listen(appDir.path()));
+    QStringList received;
+    connect(&running, &InstanceLink::commandReceived, this, [&](const QString &line) { received << line; });
+    QProcess second;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    second.setProcessEnvironment(env);
+    second.setWorkingDirectory(downloads.path());
+    second.start(QStringLiteral(CORVANE_EXECUTABLE),
+                 {QStringLiteral("--appdir"), appDir.path(), QStringLiteral("Sours é.cvx")});
+    QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 15000);
+    QCOMPARE(second.exitCode(), 0);
+    QCOMPARE(received, QStringList{downloads.filePath(QStringLiteral("Sours é.cvx"))});
 }
 
 void tst_HandOver::processesHandOver()
