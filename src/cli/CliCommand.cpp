@@ -118,7 +118,7 @@ std::vector<qint32> selectedDrinks(CliContext &context, bool allowAll)
     DrinkStore &store = context.store();
     if (context.isSet("marked"))
         return DrinkExporter::markedDrinks(store);
-    if (context.isSet("all")) {
+    if (allowAll && context.isSet("all")) {
         std::vector<qint32> ids;
         QStringList names;
         store.selectIdNames(BuildListSQL(6, 0, false, false), ids, names);

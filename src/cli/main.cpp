@@ -1,8 +1,12 @@
 #include "cli/CliCommand.h"
 #include "store/StoreError.h"
 
+#include <QMessageLogContext>
+
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -34,13 +38,21 @@ QString commandHelp(const CliCommand &c, const QCommandLineParser &parser)
 
 } // namespace
 
+// Qt's own notes (a missing runtime folder, a font substituted) are no business of a script
+// reading standard error; only what stops the program is said.
+void quietQt(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        printErr(text);
+}
+
 int main(int argc, char **argv)
 {
-    QCoreApplication app(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
-
+    qInstallMessageHandler(quietQt);
+    QStringList args;
+    for (int i = 0; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
     // The command is the first word that is no option; --appdir may stand before it.
-    const QStringList args = QCoreApplication::arguments();
     QStringList rest{args.value(0)};
     QString commandName;
     for (qsizetype i = 1; i < args.size(); ++i) {
@@ -66,6 +78,14 @@ int main(int argc, char **argv)
         printErr(QStringLiteral("corvane-cli: unknown command \"%1\" (see corvane-cli --help)").arg(commandName));
         return 2;
     }
+
+    // Commands that lay out pages need the fonts of a GUI application; with no screen to talk
+    // to, the offscreen platform serves. The others stay plain console programs.
+    const bool drawsPages = commandName == u"print" || commandName == u"shopping";
+    if (drawsPages && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const std::unique_ptr<QCoreApplication> app(drawsPages ? new QGuiApplication(argc, argv) : new QCoreApplication(argc, argv));
+    QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
 
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);

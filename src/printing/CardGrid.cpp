@@ -35,7 +35,7 @@ int pageCount(int cards, int cardsPerPage)
     return cards / cardsPerPage + (cards % cardsPerPage ? 1 : 0);
 }
 
-std::vector<Cell> NewPage(const PrintLayoutSettings &layout, const PageMetrics &page)
+std::vector<CardCell> NewPage(const PrintLayoutSettings &layout, const PageMetrics &page)
 {
     const float rows = num(layout.rows), cols = num(layout.cols);
     if (rows * cols < 1)
@@ -51,13 +51,13 @@ std::vector<Cell> NewPage(const PrintLayoutSettings &layout, const PageMetrics &
     const float cellHeight = (bottom - top - (rows - 1) * rowSpacing) / rows;
 
     const int rowCount = int(rows), colCount = int(cols);
-    std::vector<Cell> cells(size_t(std::max(0, int(rows * cols))));
+    std::vector<CardCell> cells(size_t(std::max(0, int(rows * cols))));
     for (int r = 1; r <= rowCount; ++r) {
         for (int c = 1; c <= colCount; ++c) {
             const size_t index = size_t((r - 1) * colCount + (c - 1));
             if (index >= cells.size())
                 continue;
-            Cell &cell = cells[index];
+            CardCell &cell = cells[index];
             cell.Left = cellWidth * float(c - 1) + left + colSpacing * float(c - 1);
             cell.Top = cellHeight * float(r - 1) + top + rowSpacing * float(r - 1);
             cell.Right = cell.Left + cellWidth;

@@ -9,7 +9,7 @@
 
 // The page arithmetic of the cards, in twips (1440 to the inch), single precision as the
 // layouts have always been computed.
-struct Cell {
+struct CardCell {
     float Left = 0, Top = 0, Right = 0, Bottom = 0;
 };
 
@@ -32,7 +32,7 @@ int pageCount(int cards, int cardsPerPage);
 
 // The cells of one page in row-major order, the device's unprintable border taken off. Empty
 // when the layout holds no card.
-std::vector<Cell> NewPage(const PrintLayoutSettings &layout, const PageMetrics &page);
+std::vector<CardCell> NewPage(const PrintLayoutSettings &layout, const PageMetrics &page);
 
 // One card's size from the paper alone, as the recipe preview shows it.
 float CardWidth(const PrintLayoutSettings &layout, const PageMetrics &page);

@@ -106,7 +106,7 @@ QString fittedName(CardSurface &s, const QString &name, float width)
 }
 
 // The ingredient lines, in columns centred across the card. Returns the top of what follows.
-float printIngredients(CardSurface &s, const QStringList &lines, const Cell &cell, float bodyTop, float bodyBottom)
+float printIngredients(CardSurface &s, const QStringList &lines, const CardCell &cell, float bodyTop, float bodyBottom)
 {
     const float lineHeight = s.TextHeight(lines.value(0));
     if (lineHeight <= 0)
@@ -184,7 +184,7 @@ void PrintWrappedText(CardSurface &s, const QString &text, float left, float wid
     }
 }
 
-void PrintCard(CardSurface &s, const CardContent &card, const PrintLayoutSettings &layout, const Cell &cell,
+void PrintCard(CardSurface &s, const CardContent &card, const PrintLayoutSettings &layout, const CardCell &cell,
                const GlassPictures &glassPicture, float scale)
 {
     const auto &fonts = layout.fonts;

@@ -56,7 +56,7 @@ using GlassPictures = std::function<QImage(qint32 glassID)>;
 
 // Sets one card into the cell. scale multiplies the font sizes and the glass picture's side,
 // for the recipe preview; a printed card has 1.
-void PrintCard(CardSurface &surface, const CardContent &card, const PrintLayoutSettings &layout, const Cell &cell,
+void PrintCard(CardSurface &surface, const CardContent &card, const PrintLayoutSettings &layout, const CardCell &cell,
                const GlassPictures &glassPicture, float scale = 1.0f);
 
 // Word-wraps the text from CurrentY down, between left and left + width; what passes the

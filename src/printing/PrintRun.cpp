@@ -36,7 +36,7 @@ PrintResult PrintDrinks(QPagedPaintDevice &device, CDrinkFacade &facade, const s
         return result;
     }
     device.setPageOrientation(layout.portrait ? QPageLayout::Portrait : QPageLayout::Landscape);
-    const std::vector<Cell> cells = CardGrid::NewPage(layout, pageMetricsOf(device));
+    const std::vector<CardCell> cells = CardGrid::NewPage(layout, pageMetricsOf(device));
 
     QPainter painter;
     if (!painter.begin(&device)) {

@@ -333,7 +333,7 @@ void frmPrint::paintCard(QPainter &painter, QWidget &picture)
     painter.fillRect(card, Qt::white);
     painter.setPen(Qt::black);
     painter.drawRect(card);
-    const Cell cell{float(place.card.left()) + twipsPerPixel, float(place.card.top()), float(place.card.right()),
+    const CardCell cell{float(place.card.left()) + twipsPerPixel, float(place.card.top()), float(place.card.right()),
                     float(place.card.bottom())};
     try {
         CardSurface surface(painter);

@@ -79,6 +79,7 @@ private slots:
     void exchangeRoundTripWithTheWindowsImport();
     void backupWhileAnotherCopyWrites();
     void cabinetTicksThenAnswers();
+    void printsCardsToPdf();
     void checkNamesEachProblem();
     void freshDirectoryIsFilledLikeTheWindows();
 };
@@ -401,6 +402,25 @@ void tst_Cli::cabinetTicksThenAnswers()
     QCOMPARE(ts.store().scalar(QStringLiteral("SELECT group_concat(id) FROM (SELECT id FROM Drinks WHERE LiqCab <> 0 ORDER BY id)")).toString(), QStringLiteral("1,5"));
     QCOMPARE(cli(words("cabinet|untick|Lime"), ts.appDir()).code, 0);
     QCOMPARE(cli(words("cabinet|can-make"), ts.appDir()).out, QStringLiteral("5\tCosmo\n"));
+}
+
+void tst_Cli::printsCardsToPdf()
+{
+    TestStore ts(kRows);
+    const QString pdf = ts.appDir() + QStringLiteral("/cards.pdf");
+    const Run r = cli({QStringLiteral("print"), QStringLiteral("--ids"), QStringLiteral("5,1"), QStringLiteral("--pdf"), pdf}, ts.appDir());
+    QCOMPARE(r.err, QString());
+    QCOMPARE(r.out, QStringLiteral("2 cards on 2 pages\n"));
+    QProcess text;
+    text.start(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")});
+    QVERIFY(text.waitForFinished(30000));
+    const QString cards = QString::fromUtf8(text.readAllStandardOutput());
+    QVERIFY2(cards.contains(QStringLiteral("Cosmo")) && cards.contains(QStringLiteral("Éclair")) && cards.contains(QStringLiteral("Lime")), qPrintable(cards));
+
+    const Run unknown = cli({QStringLiteral("print"), QStringLiteral("--ids"), QStringLiteral("1"), QStringLiteral("--layout"), QStringLiteral("Menu \"A\""),
+                             QStringLiteral("--pdf"), pdf}, ts.appDir());
+    QCOMPARE(unknown.code, 1);
+    QVERIFY2(unknown.err.contains(QStringLiteral("There is no print layout \"Menu \"A\"\"")), qPrintable(unknown.err));
 }
 
 void tst_Cli::checkNamesEachProblem()

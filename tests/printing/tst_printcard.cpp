@@ -51,7 +51,7 @@ struct Measure {
     float w(const QString &t) const { return float(metrics.horizontalAdvance(t)); }
 };
 
-const Cell kCell{1440, 1440, 1440 + 4320, 1440 + 2880}; // 3 by 2 inches
+const CardCell kCell{1440, 1440, 1440 + 4320, 1440 + 2880}; // 3 by 2 inches
 
 QStringList drawnLines(RecordingDevice &device, const QString &text, float width, float top, float limit)
 {
@@ -195,7 +195,7 @@ void TestPrintCard::ingredientColumns()
         card.ingredients << QStringLiteral("%1 oz Spirit %2").arg(i + 1).arg(i);
     RecordingDevice device;
     const Measure name(layout.fonts[PieceName], &device), ing(layout.fonts[PieceIng], &device);
-    Cell cell = kCell;
+    CardCell cell = kCell;
     cell.Bottom = cell.Top + name.h() + ing.h() * (float(fit) + 0.5f);
     {
         QPainter painter(&device);
@@ -249,7 +249,7 @@ void TestPrintCard::nameIsCut()
     card.name = QStringLiteral("Manhattan");
     RecordingDevice device;
     const Measure name(layout.fonts[PieceName], &device);
-    Cell cell = kCell;
+    CardCell cell = kCell;
     cell.Right = cell.Left + name.w(card.name.left(chars)) + extra;
     {
         QPainter painter(&device);

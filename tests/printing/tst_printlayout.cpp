@@ -146,9 +146,9 @@ void TestPrintLayout::cells()
     QFETCH(QList<float>, card);
     const PrintLayoutSettings layout = layoutFrom(settings);
     const PageMetrics metrics{page[0], page[1], page[2], page[3]};
-    const std::vector<Cell> cells = CardGrid::NewPage(layout, metrics);
+    const std::vector<CardCell> cells = CardGrid::NewPage(layout, metrics);
     QCOMPARE(int(cells.size()), layout.rows.toInt() * layout.cols.toInt());
-    const Cell &c = cells[size_t(cellIndex)];
+    const CardCell &c = cells[size_t(cellIndex)];
     const QList<float> got{c.Left, c.Top, c.Right, c.Bottom};
     for (int i = 0; i < 4; ++i)
         QVERIFY2(qAbs(got[i] - cell[i]) < 0.05f, qPrintable(QStringLiteral("side %1: %2").arg(i).arg(got[i])));
