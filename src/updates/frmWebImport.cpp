@@ -33,7 +33,8 @@ frmWebImport::frmWebImport(DrinkStore &store, const QString &appDir, const QStri
     fgUpdates->setEditTriggers(QAbstractItemView::NoEditTriggers);
     fgUpdates->setSelectionBehavior(QAbstractItemView::SelectRows);
     fgUpdates->setSelectionMode(QAbstractItemView::SingleSelection);
-    fgUpdates->setColumnWidth(ColDate, 80);
+    fgUpdates->setWordWrap(false);
+    fgUpdates->setColumnWidth(ColDate, 90);
     fgUpdates->setColumnWidth(ColSelect, 50);
     fgUpdates->setColumnWidth(ColStatus, 80);
     fgUpdates->setColumnWidth(ColType, 60);
