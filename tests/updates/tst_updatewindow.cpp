@@ -3,6 +3,7 @@
 #include "TestHttpServer.h"
 #include "TestStore.h"
 
+#include "presentation/ZipArchive.h"
 #include "store/DrinkStore.h"
 #include "updates/UpdateClient.h"
 #include "updates/frmWebImport.h"
@@ -11,7 +12,9 @@
 
 namespace {
 const QByteArray kCvx = "Corvane Drink Exchange File\r\nVersion:  1.1\r\n"
-                        "----------\r\nName:     Harbor Light\r\nGlass:    3\r\nCategory: Shots\r\nRecipe:   Shake.\r\n\r\n";
+                           "----------\r\nName:     Harbor Light\r\nGlass:    3\r\nCategory: Shots\r\n"
+                        "Ing:      Rum\r\nMAmount:  3 cl\r\nAmount:   1 oz\r\nMeasure:  1\r\nRecipe:   Shake.\r\n\r\n"
+                        "----------\r\nName:     Old One\r\nGlass:    3\r\nCategory: Shots\r\nRecipe:   Stir.\r\n\r\n";
 
 QString cell(QTableWidget *grid, int row, int column)
 {
@@ -50,7 +53,9 @@ private slots:
     {
         TestStore t(QStringLiteral("INSERT INTO Drinks (ID, Name) VALUES (1, 'Old One');"));
         TestHttpServer server;
-        server.route("/CVX/update.txt", TestHttpServer::Serve,
+        // The index is found behind a redirect, as a moved server would send it.
+        server.route("/CVX/update.txt", TestHttpServer::Redirect, "/CVX/moved.txt");
+        server.route("/CVX/moved.txt", TestHttpServer::Serve,
                      ("3/14/2026 D x " + server.url("/CVX/spring.cvx") + " Spring drinks|Harbor Light and more\r\n" +
                       "3/15/2026 P x " + server.url("/CVX/pics.zip") + " Spring pictures|One picture\r\n" +
                       "3/16/2026 D x " + server.url("/CVX/later.cvx") + " Later|Not ticked\r\n")
@@ -84,13 +89,16 @@ private slots:
         MessageAnswerer answers;
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdImport"), Qt::LeftButton);
         QTRY_COMPARE(answers.seen,
-                     QStringList{"Added 1 drinks, ignored 0 drinks that you already had.\n\nAdded 1 new drink images."});
+                     QStringList{"Added 1 drinks, ignored 1 drinks that you already had.\n\nAdded 1 new drink images."});
         QCOMPARE(cell(grid, 0, frmWebImport::ColStatus), "Complete");
         QCOMPARE(cell(grid, 1, frmWebImport::ColStatus), "Complete");
         QCOMPARE(cell(grid, 2, frmWebImport::ColStatus), "Available");
         QVERIFY(dlg.addedAny());
         QCOMPARE(t.store().scalar("SELECT Count(*) FROM Drinks WHERE Name = 'Harbor Light'").toInt(), 1);
         QCOMPARE(t.store().scalar("SELECT ImageFilePath FROM Drinks WHERE ID = 1").toString(), "000001");
+        QCOMPARE(ZipArchive::extractMember(t.appDir() + "/Corvane.cvi", ArchivePasswords::ImageArchive, "000001.jpg",
+                                           t.appDir()),
+                 0);
 
         // A second check of the same index changes nothing and keeps the statuses and ticks.
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
