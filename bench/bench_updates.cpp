@@ -23,12 +23,14 @@ QByteArray indexText(int lines)
 {
     QByteArray text;
     for (int i = 0; i < lines; ++i)
-        text += QStringLiteral("3/%1/2026 %2 1 http://updates.example/CVX/pack%3.%4 Update number %3|Drinks and pictures, part %3\r\n")
-                    .arg(1 + i % 28)
-                    .arg(i % 2 ? u'P' : u'D')
-                    .arg(i)
-                    .arg(i % 2 ? QStringLiteral("zip") : QStringLiteral("cvx"))
-                    .toLatin1();
+        text +=
+            QStringLiteral(
+                "3/%1/2026 %2 1 http://updates.example/CVX/pack%3.%4 Update number %3|Drinks and pictures, part %3\r\n")
+                .arg(1 + i % 28)
+                .arg(i % 2 ? u'P' : u'D')
+                .arg(i)
+                .arg(i % 2 ? QStringLiteral("zip") : QStringLiteral("cvx"))
+                .toLatin1();
     return text;
 }
 
@@ -80,7 +82,8 @@ void updateCases(Bench::Registry &registry, const Bench::Store &store, DrinkStor
                      QTemporaryDir dir;
                      const QString package = dir.filePath(QStringLiteral("pics.zip"));
                      const QString archive = dir.filePath(QStringLiteral("Corvane.cvi"));
-                     const QString delivered = QDir(QStringLiteral(CORVANE_BENCH_DATA_DIR)).filePath(QStringLiteral("Corvane.cvi"));
+                     const QString delivered =
+                         QDir(QStringLiteral(CORVANE_BENCH_DATA_DIR)).filePath(QStringLiteral("Corvane.cvi"));
                      if (!writePackage(package, ids)) {
                          state.SkipWithError("package not written");
                          return;

@@ -1,6 +1,5 @@
 #include "updates/PicturePackage.h"
 
-#include "base/VbConvert.h"
 #include "presentation/ArchivePasswords.h"
 #include "presentation/ZipArchive.h"
 #include "store/DrinkStore.h"
@@ -8,6 +7,7 @@
 #include <QHash>
 #include <QList>
 #include <QPair>
+#include <QRegularExpression>
 
 QString PicturePackage::corruptMessage()
 {
@@ -34,17 +34,21 @@ PicturePackage::Result PicturePackage::import(DrinkStore &store, const QString &
     }
     ZipArchive archive;
     bool archiveOpen = false;
-    QHash<QString, QString> existing; // lower-case name -> member name in the archive
+    QHash<QString, QString> existing;       // lower-case name -> member name in the archive
     QList<QPair<qint32, QString>> pictures; // drink id, ImageFilePath
     qint32 added = 0;
     for (const QString &member : package.memberNames()) {
         const QString fileName = pictureFileName(member);
         if (fileName.isEmpty())
             continue;
+        // The drink page finds a picture of the archive only by a six-digit number; any other
+        // name would point the drink at a picture it can never show.
         const QString stem = fileName.chopped(4);
-        const double number = VbConvert::Val(stem);
-        const auto id = VbConvert::CLng(number);
-        if (number < 1 || !id)
+        static const QRegularExpression sixDigits(QStringLiteral("^[0-9]{6}$"));
+        if (!sixDigits.match(stem).hasMatch())
+            continue;
+        const qint32 id = stem.toInt();
+        if (id < 1)
             continue;
         QByteArray data;
         const int code = package.read(member, &data);
@@ -70,7 +74,7 @@ PicturePackage::Result PicturePackage::import(DrinkStore &store, const QString &
         const QString memberName = existing.value(fileName.toLower(), fileName);
         existing.insert(fileName.toLower(), memberName);
         if (archive.addData(memberName, data, ZipArchive::Store))
-            pictures << qMakePair(*id, stem);
+            pictures << qMakePair(id, stem);
     }
     result.imagesAdded = added;
     if (!archiveOpen)

@@ -5,7 +5,7 @@
 class DrinkStore;
 
 // A picture package: a zip archive with the image archive's password whose members
-// "folder/NNNNNN.jpg" are drink pictures, the number being the drink's id.
+// "folder/NNNNNN.jpg" are drink pictures, the six-digit number being the drink's id.
 namespace PicturePackage {
 // The picture's file name of a member, or "" when the member is no picture: it must be
 // longer than 4 characters, end in ".JPG" in any case and lie in a folder.

@@ -3,9 +3,9 @@
 #include "base/CLocalConfig.h"
 #include "base/modCorvane.h"
 #include "exchange/CvxImport.h"
+#include "store/StoreError.h"
 #include "updates/PicturePackage.h"
 #include "updates/UpdateIndex.h"
-#include "store/StoreError.h"
 
 #include <QDir>
 #include <QFile>

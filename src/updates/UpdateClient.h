@@ -22,7 +22,7 @@ struct UpdateCounters {
 // image archive. Packages are kept in the folder "Updates" of the application directory.
 class UpdateClient : public QObject {
     Q_OBJECT
-public:
+  public:
     UpdateClient(DrinkStore &store, const QString &appDir, const QString &host, QObject *parent = nullptr);
 
     // The host named in the settings ("UpdateHost"), else the program's own.
@@ -48,7 +48,7 @@ public:
     // Stops the run after the download under way; nothing of that download is used.
     void cancel();
 
-signals:
+  signals:
     void progress(qint64 received, qint64 total);
     // ok false: the index could not be fetched (error says why); added: rows new in Updates.
     void checked(bool ok, int added, const QString &error);
@@ -57,7 +57,7 @@ signals:
     void updateDone(const QString &url, const QString &message);
     void importFinished(bool canceled);
 
-private:
+  private:
     void indexDownloaded(bool ok, const QString &error);
     void nextPackage();
     void packageDownloaded(bool ok, const QString &error);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QObject>
 #include <QNetworkReply>
+#include <QObject>
 #include <QPointer>
 #include <QSaveFile>
 #include <QUrl>
@@ -9,13 +9,12 @@
 
 class QNetworkAccessManager;
 
-
 // One plain HTTP GET of a whole file, never blocking: the bytes go to a file written beside
 // the target and renamed into place only when the answer was complete and good, so nothing
 // half-downloaded is ever found under the target's name.
 class UpdateDownload : public QObject {
     Q_OBJECT
-public:
+  public:
     static constexpr int kDefaultTimeoutMs = 30000; // no byte for this long ends the download
     static constexpr int kMaxRedirects = 5;
 
@@ -29,12 +28,12 @@ public:
     void cancel();
     bool running() const { return m_reply != nullptr; }
 
-signals:
+  signals:
     void progress(qint64 received, qint64 total);
     // ok: the target holds the whole answer. error: why not, for the user.
     void finished(bool ok, const QString &error);
 
-private:
+  private:
     void readFrom(QNetworkReply *reply);
     void done();
     void fail(const QString &error);

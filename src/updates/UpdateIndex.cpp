@@ -123,8 +123,8 @@ int UpdateIndex::merge(DrinkStore &store, const QList<UpdateEntry> &entries)
 QList<UpdateRow> UpdateIndex::load(DrinkStore &store)
 {
     QList<UpdateRow> rows;
-    QSqlQuery query =
-        store.prepare(QStringLiteral("SELECT Date, Recipes, Name, Description, URL, Status FROM Updates ORDER BY rowid"));
+    QSqlQuery query = store.prepare(
+        QStringLiteral("SELECT Date, Recipes, Name, Description, URL, Status FROM Updates ORDER BY rowid"));
     store.exec(query);
     while (query.next()) {
         UpdateRow row;

@@ -26,7 +26,8 @@ frmWebImport::frmWebImport(DrinkStore &store, const QString &appDir, const QStri
 {
     setObjectName(QStringLiteral("frmWebImport"));
     setWindowTitle(QStringLiteral("Check for Updates Online"));
-    lblStatus = named(new QLabel(QStringLiteral("This feature requires an active Internet Connection."), this), "lblStatus");
+    lblStatus =
+        named(new QLabel(QStringLiteral("This feature requires an active Internet Connection."), this), "lblStatus");
     fgUpdates = named(new QTableWidget(0, ColumnCount, this), "fgUpdates");
     fgUpdates->setHorizontalHeaderLabels({"Date", "Select", "Status", "Type", "Name", "Description", "URL"});
     fgUpdates->verticalHeader()->hide();

@@ -16,7 +16,7 @@ class QTableWidget;
 // window: every transfer runs in the background with a timeout, and "Stop" ends it.
 class frmWebImport : public QDialog {
     Q_OBJECT
-public:
+  public:
     enum Column { ColDate, ColSelect, ColStatus, ColType, ColName, ColDescription, ColURL, ColumnCount };
 
     frmWebImport(DrinkStore &store, const QString &appDir, const QString &host, QWidget *parent = nullptr);
@@ -26,16 +26,16 @@ public:
     // Whether any drink was added, so that the caller re-reads its list.
     bool addedAny() const { return m_addedAny; }
 
-public slots:
+  public slots:
     void cmdDownload_Click();
     void cmdImport_Click();
     void cmdStop_Click();
     void reject() override;
 
-protected:
+  protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-private:
+  private:
     void LoadUpdates();
     void toggleSelect(int row);
     void setBusy(bool busy);

@@ -8,7 +8,7 @@
 // A tiny HTTP server on 127.0.0.1 for the download tests: each path answers in one way,
 // including the ways real servers fail. Only this process talks to it.
 class TestHttpServer : public QObject {
-public:
+  public:
     enum Mode { Serve, NotFound, Stall, Truncate, Redirect };
     struct Route {
         Mode mode = Serve;
@@ -28,7 +28,7 @@ public:
     QString url(const QString &path) const { return QStringLiteral("http://") + host() + path; }
     int requests() const { return m_requests; }
 
-private:
+  private:
     void answer(QTcpSocket *socket)
     {
         QByteArray &pending = m_pending[socket];
@@ -46,7 +46,8 @@ private:
             socket->write("HTTP/1.1 404 Not Found\r\nContent-Length: 9\r\nConnection: close\r\n\r\nNot found");
             break;
         case Redirect:
-            socket->write("HTTP/1.1 302 Found\r\nLocation: " + route.body + "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
+            socket->write("HTTP/1.1 302 Found\r\nLocation: " + route.body +
+                          "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
             break;
         case Serve:
         case Truncate: {

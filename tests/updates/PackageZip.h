@@ -10,8 +10,7 @@
 
 // A picture package as the maker's server hands it out: members in folders (a name ending
 // in "/" is a folder entry), each holding its own name as data, under a password.
-inline QByteArray packageZip(const QStringList &members,
-                             const QByteArray &password = ArchivePasswords::ImageArchive)
+inline QByteArray packageZip(const QStringList &members, const QByteArray &password = ArchivePasswords::ImageArchive)
 {
     QTemporaryDir dir;
     const QByteArray path = QFile::encodeName(dir.filePath(QStringLiteral("package.zip")));

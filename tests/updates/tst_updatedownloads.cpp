@@ -30,7 +30,7 @@ struct Book {
 
 class UpdateDownloadsTest : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void failedUpdateDownloadChangesNothing_data()
     {
         QTest::addColumn<int>("mode");
@@ -48,10 +48,12 @@ private slots:
         QFETCH(int, mode);
         QFETCH(bool, index);
         Book b;
-        const QByteArray indexText = ("1/5/2026 P x " + b.server.url("/CVX/pics.zip") + " Pictures|Images\r\n").toUtf8();
+        const QByteArray indexText =
+            ("1/5/2026 P x " + b.server.url("/CVX/pics.zip") + " Pictures|Images\r\n").toUtf8();
         const auto failing = TestHttpServer::Mode(mode);
         if (index) {
-            b.server.route("/CVX/update.txt", failing, failing == TestHttpServer::Redirect ? "/CVX/update.txt" : indexText);
+            b.server.route("/CVX/update.txt", failing,
+                           failing == TestHttpServer::Redirect ? "/CVX/update.txt" : indexText);
             QSignalSpy checked(&b.client, &UpdateClient::checked);
             b.client.checkForUpdates();
             QVERIFY(checked.wait(10000));
@@ -113,11 +115,16 @@ private slots:
     {
         QTest::addColumn<QString>("url");
         QTest::addColumn<QString>("name");
-        QTest::newRow("plain") << "http://h/CVX/spring.cvx" << "spring.cvx";
-        QTest::newRow("no slash") << "spring.cvx" << "";
-        QTest::newRow("trailing slash") << "http://h/CVX/" << "";
-        QTest::newRow("way up") << "http://h/CVX/.." << "";
-        QTest::newRow("backslash") << "http://h/CVX/..\\drinks.db" << "";
+        QTest::newRow("plain") << "http://h/CVX/spring.cvx"
+                               << "spring.cvx";
+        QTest::newRow("no slash") << "spring.cvx"
+                                  << "";
+        QTest::newRow("trailing slash") << "http://h/CVX/"
+                                        << "";
+        QTest::newRow("way up") << "http://h/CVX/.."
+                                << "";
+        QTest::newRow("backslash") << "http://h/CVX/..\\drinks.db"
+                                   << "";
     }
     void packageFileName()
     {

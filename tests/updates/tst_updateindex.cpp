@@ -35,7 +35,7 @@ QStringList column(DrinkStore &store, const QString &sql)
 
 class UpdateIndexTest : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void lines_data()
     {
         QTest::addColumn<QString>("text");
@@ -63,24 +63,38 @@ private slots:
         QTest::addColumn<QString>("description");
         const QDate none(1900, 1, 1);
         QTest::newRow("drinks") << "3/14/2026 D 12 http://h/CVX/spring.cvx Spring drinks | New for spring"
-                                << QDate(2026, 3, 14) << true << "http://h/CVX/spring.cvx" << "Spring drinks"
+                                << QDate(2026, 3, 14) << true << "http://h/CVX/spring.cvx"
+                                << "Spring drinks"
                                 << "New for spring";
         QTest::newRow("pictures") << "2026-03-14 P x http://h/p.zip Pics|Forty pictures" << QDate(2026, 3, 14) << false
-                                  << "http://h/p.zip" << "Pics" << "Forty pictures";
-        QTest::newRow("type is exact") << "1/2/2026 d x u N|" << QDate(2026, 1, 2) << false << "u" << "N" << "";
+                                  << "http://h/p.zip"
+                                  << "Pics"
+                                  << "Forty pictures";
+        QTest::newRow("type is exact") << "1/2/2026 d x u N|" << QDate(2026, 1, 2) << false << "u"
+                                       << "N"
+                                       << "";
         QTest::newRow("no bar: name to the end") << "1/2/2026 D x u The whole rest" << QDate(2026, 1, 2) << true << "u"
-                                                 << "The whole rest" << "";
-        QTest::newRow("only the first bar splits") << "1/2/26 D x u A|b|c" << QDate(2026, 1, 2) << true << "u" << "A"
+                                                 << "The whole rest"
+                                                 << "";
+        QTest::newRow("only the first bar splits") << "1/2/26 D x u A|b|c" << QDate(2026, 1, 2) << true << "u"
+                                                   << "A"
                                                    << "b|c";
-        QTest::newRow("bad date") << "Someday D x u Name|d" << none << true << "u" << "Name" << "d";
+        QTest::newRow("bad date") << "Someday D x u Name|d" << none << true << "u"
+                                  << "Name"
+                                  << "d";
         QTest::newRow("two blanks shift the fields") << "1/2/2026  D x u N|d" << QDate(2026, 1, 2) << false << "x"
-                                                     << "u N" << "d";
-        QTest::newRow("empty name") << "1/2/2026 D x u  | only a description" << QDate(2026, 1, 2) << true << "u" << ""
+                                                     << "u N"
+                                                     << "d";
+        QTest::newRow("empty name") << "1/2/2026 D x u  | only a description" << QDate(2026, 1, 2) << true << "u"
+                                    << ""
                                     << "only a description";
-        QTest::newRow("garbage") << "#&!garbage" << none << false << "" << "" << "";
-        QTest::newRow("accents and quotes kept") << "1/2/2026 D x u Caf\u00e9 \"Ol\u00e9\" | it's \U0001F378"
-                                                 << QDate(2026, 1, 2) << true << "u" << "Caf\u00e9 \"Ol\u00e9\""
-                                                 << "it's \U0001F378";
+        QTest::newRow("garbage") << "#&!garbage" << none << false << ""
+                                 << ""
+                                 << "";
+        QTest::newRow("accents and quotes kept")
+            << "1/2/2026 D x u Caf\u00e9 \"Ol\u00e9\" | it's \U0001F378" << QDate(2026, 1, 2) << true << "u"
+            << "Caf\u00e9 \"Ol\u00e9\""
+            << "it's \U0001F378";
     }
     void parseLine()
     {
@@ -124,12 +138,18 @@ private slots:
     {
         QTest::addColumn<QString>("member");
         QTest::addColumn<QString>("fileName");
-        QTest::newRow("in a folder") << "pics/000123.jpg" << "000123.jpg";
-        QTest::newRow("upper case") << "pics/000123.JPG" << "000123.JPG";
-        QTest::newRow("at the root") << "000123.jpg" << "";
-        QTest::newRow("not a jpeg") << "pics/000123.gif" << "";
-        QTest::newRow("too short") << ".jpg" << "";
-        QTest::newRow("folder entry") << "pics/" << "";
+        QTest::newRow("in a folder") << "pics/000123.jpg"
+                                     << "000123.jpg";
+        QTest::newRow("upper case") << "pics/000123.JPG"
+                                    << "000123.JPG";
+        QTest::newRow("at the root") << "000123.jpg"
+                                     << "";
+        QTest::newRow("not a jpeg") << "pics/000123.gif"
+                                    << "";
+        QTest::newRow("too short") << ".jpg"
+                                   << "";
+        QTest::newRow("folder entry") << "pics/"
+                                      << "";
     }
     void pictureFileName()
     {
@@ -139,12 +159,14 @@ private slots:
 
     void picturesAddedOrReplaced()
     {
-        TestStore t(QStringLiteral("INSERT INTO Drinks (ID, Name, ImageFilePath) VALUES (1, 'One', ''), (2, 'Two', 'old');"));
+        TestStore t(QStringLiteral("INSERT INTO Drinks (ID, Name, ImageFilePath) VALUES (1, 'One', ''), (2, 'Two', "
+                                   "'old'), (12, 'Twelve', '000012');"));
         const QString archive = t.appDir() + "/Corvane.cvi";
         writeZip(archive, {"000002.jpg", "000009.jpg"});
         const QString package = t.appDir() + "/pics.zip";
-        QVERIFY(writeFile(package, packageZip({"pics/", "pics/000001.jpg", "pics/000002.JPG", "000003.jpg",
-                                                "pics/abc.jpg", "pics/000004.jpg", "pics/readme.txt"})));
+        QVERIFY(
+            writeFile(package, packageZip({"pics/", "pics/000001.jpg", "pics/000002.JPG", "000003.jpg", "pics/abc.jpg",
+                                           "pics/000004.jpg", "pics/readme.txt", "pics/12.jpg", "pics/000000.jpg"})));
         const PicturePackage::Result result = PicturePackage::import(t.store(), package, archive);
         QCOMPARE(result.message, QString());
         QCOMPARE(result.imagesAdded, 3); // 1, 2 and 4; drink 4 does not exist
@@ -156,7 +178,8 @@ private slots:
         QByteArray data;
         QCOMPARE(check.read("000002.jpg", &data), 0);
         QCOMPARE(data, "picture of pics/000002.JPG");
-        QCOMPARE(column(t.store(), "SELECT ImageFilePath FROM Drinks ORDER BY ID"), (QStringList{"000001", "000002"}));
+        QCOMPARE(column(t.store(), "SELECT ImageFilePath FROM Drinks ORDER BY ID"),
+                 (QStringList{"000001", "000002", "000012"}));
     }
 
     void badPackageChangesNothing_data()

@@ -12,7 +12,7 @@
 
 namespace {
 const QByteArray kCvx = "Corvane Drink Exchange File\r\nVersion:  1.1\r\n"
-                           "----------\r\nName:     Harbor Light\r\nGlass:    3\r\nCategory: Shots\r\n"
+                        "----------\r\nName:     Harbor Light\r\nGlass:    3\r\nCategory: Shots\r\n"
                         "Ing:      Rum\r\nMAmount:  3 cl\r\nAmount:   1 oz\r\nMeasure:  1\r\nRecipe:   Shake.\r\n\r\n"
                         "----------\r\nName:     Old One\r\nGlass:    3\r\nCategory: Shots\r\nRecipe:   Stir.\r\n\r\n";
 
@@ -48,7 +48,7 @@ void clickCell(QTableWidget *grid, int row, int column)
 
 class UpdateWindowTest : public QObject {
     Q_OBJECT
-private slots:
+  private slots:
     void updateDownloadTickImport()
     {
         TestStore t(QStringLiteral("INSERT INTO Drinks (ID, Name) VALUES (1, 'Old One');"));
@@ -88,8 +88,9 @@ private slots:
 
         MessageAnswerer answers;
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdImport"), Qt::LeftButton);
-        QTRY_COMPARE(answers.seen,
-                     QStringList{"Added 1 drinks, ignored 1 drinks that you already had.\n\nAdded 1 new drink images."});
+        QTRY_COMPARE(
+            answers.seen,
+            QStringList{"Added 1 drinks, ignored 1 drinks that you already had.\n\nAdded 1 new drink images."});
         QCOMPARE(cell(grid, 0, frmWebImport::ColStatus), "Complete");
         QCOMPARE(cell(grid, 1, frmWebImport::ColStatus), "Complete");
         QCOMPARE(cell(grid, 2, frmWebImport::ColStatus), "Available");
@@ -118,7 +119,8 @@ private slots:
         dlg.show();
         MessageAnswerer answers;
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
-        QTRY_COMPARE(answers.seen, QStringList{"Unable to download the updates file from " + server.host() + " at this time."});
+        QTRY_COMPARE(answers.seen,
+                     QStringList{"Unable to download the updates file from " + server.host() + " at this time."});
 
         // A server that never answers: Stop gives the window back, and nothing is taken in.
         server.route("/CVX/update.txt", TestHttpServer::Serve,
