@@ -164,6 +164,39 @@ int ZipArchive::extract(const QString &member, const QString &dir)
     return NoError;
 }
 
+int ZipArchive::read(const QString &member, QByteArray *data)
+{
+    data->clear();
+    m_error = NoError;
+    m_errorString.clear();
+    if (!m_zip)
+        return failCode(NotOpen, QStringLiteral("no archive is open"));
+    const zip_int64_t index = zip_name_locate(m_zip, member.toUtf8().constData(), ZIP_FL_NOCASE);
+    if (index < 0)
+        return failCode(MemberMissing, QStringLiteral("%1: no such member").arg(member));
+    zip_file_t *in = zip_fopen_index(m_zip, zip_uint64_t(index), 0);
+    if (!in) {
+        const int code = zip_error_code_zip(zip_get_error(m_zip));
+        zip_error_clear(m_zip);
+        return failCode(readError(code), QStringLiteral("%1: %2").arg(member, libzipText(code)));
+    }
+    char buffer[65536];
+    for (;;) {
+        const zip_int64_t n = zip_fread(in, buffer, sizeof buffer);
+        if (n < 0) {
+            const int code = zip_error_code_zip(zip_file_get_error(in));
+            zip_fclose(in);
+            data->clear();
+            return failCode(readError(code), QStringLiteral("%1: %2").arg(member, libzipText(code)));
+        }
+        if (n == 0)
+            break;
+        data->append(buffer, qsizetype(n));
+    }
+    zip_fclose(in);
+    return NoError;
+}
+
 bool ZipArchive::addData(const QString &member, const QByteArray &data, Compression compression)
 {
     if (!m_zip)

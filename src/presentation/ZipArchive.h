@@ -47,6 +47,9 @@ class ZipArchive {
     // dir/member, replacing a file of that name. Returns 0 on success, else an Error.
     int extract(const QString &member, const QString &dir);
     // Adds a member or replaces the one of that name, encrypted with the archive's password.
+    // Reads one member by its full name, folders included (name compared without case).
+    // Returns 0 on success, else an Error; data is left empty then.
+    int read(const QString &member, QByteArray *data);
     bool addData(const QString &member, const QByteArray &data, Compression compression = Deflate);
     bool addFile(const QString &member, const QString &sourcePath, Compression compression = Deflate);
 

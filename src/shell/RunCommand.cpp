@@ -24,6 +24,7 @@
 #include "shell/frmAboutBox.h"
 #include "shell/frmColorScheme.h"
 #include "shell/frmOptions.h"
+#include "updates/frmWebImport.h"
 #include "store/DrinkFlags.h"
 #include "store/DrinkStore.h"
 #include "widgets/DelayedProgress.h"
@@ -69,6 +70,14 @@ void frmMain::RunCommand(int command)
         case 6:
             QApplication::exit(0);
             break;
+        case 7: {
+            frmWebImport dlg(*m_store, m_facade->appDir(), UpdateClient::configuredHost(CLocalConfig()), this);
+            dlg.exec();
+            if (dlg.addedAny())
+                m_list->reloadWithCurrentTab();
+            ShowSelectedDrink();
+            break;
+        }
         case 101:
         case 102:
         case 103: {

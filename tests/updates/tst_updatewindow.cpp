@@ -1,0 +1,147 @@
+#include "GuiTest.h"
+#include "PackageZip.h"
+#include "TestHttpServer.h"
+#include "TestStore.h"
+
+#include "presentation/ZipArchive.h"
+#include "store/DrinkStore.h"
+#include "updates/UpdateClient.h"
+#include "updates/frmWebImport.h"
+
+#include <QTableWidget>
+
+namespace {
+const QByteArray kCvx = "Corvane Drink Exchange File\r\nVersion:  1.1\r\n"
+                        "----------\r\nName:     Harbor Light\r\nGlass:    3\r\nCategory: Shots\r\n"
+                        "Ing:      Rum\r\nMAmount:  3 cl\r\nAmount:   1 oz\r\nMeasure:  1\r\nRecipe:   Shake.\r\n\r\n"
+                        "----------\r\nName:     Old One\r\nGlass:    3\r\nCategory: Shots\r\nRecipe:   Stir.\r\n\r\n";
+
+QString cell(QTableWidget *grid, int row, int column)
+{
+    return grid->item(row, column)->text();
+}
+
+// Answers each message box the window shows, whenever it comes: the window shows them when a
+// transfer ends, from inside whatever event loop is running then.
+struct MessageAnswerer {
+    QStringList seen;
+    QTimer timer;
+    MessageAnswerer()
+    {
+        timer.setInterval(20);
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                seen << box->text();
+                box->button(QMessageBox::Ok)->click();
+            }
+        });
+        timer.start();
+    }
+};
+
+void clickCell(QTableWidget *grid, int row, int column)
+{
+    const QRect rect = grid->visualItemRect(grid->item(row, column));
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, rect.center());
+}
+} // namespace
+
+class UpdateWindowTest : public QObject {
+    Q_OBJECT
+  private slots:
+    void updateDownloadTickImport()
+    {
+        TestStore t(QStringLiteral("INSERT INTO Drinks (ID, Name) VALUES (1, 'Old One');"));
+        TestHttpServer server;
+        // The index is found behind a redirect, as a moved server would send it.
+        server.route("/CVX/update.txt", TestHttpServer::Redirect, "/CVX/moved.txt");
+        server.route("/CVX/moved.txt", TestHttpServer::Serve,
+                     ("3/14/2026 D x " + server.url("/CVX/spring.cvx") + " Spring drinks|Harbor Light and more\r\n" +
+                      "3/15/2026 P x " + server.url("/CVX/pics.zip") + " Spring pictures|One picture\r\n" +
+                      "3/16/2026 D x " + server.url("/CVX/later.cvx") + " Later|Not ticked\r\n")
+                         .toUtf8());
+        server.route("/CVX/spring.cvx", TestHttpServer::Serve, kCvx);
+        server.route("/CVX/pics.zip", TestHttpServer::Serve, packageZip({"pics/000001.jpg"}));
+
+        frmWebImport dlg(t.store(), t.appDir(), server.host());
+        dlg.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dlg));
+        auto *grid = child<QTableWidget>(&dlg, "fgUpdates");
+        QCOMPARE(grid->rowCount(), 0);
+        QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
+        QTRY_COMPARE(grid->rowCount(), 3);
+        QVERIFY(child<QPushButton>(&dlg, "cmdDownload")->isEnabled());
+        QCOMPARE(cell(grid, 0, frmWebImport::ColType), "Drinks");
+        QCOMPARE(cell(grid, 1, frmWebImport::ColType), "Images");
+        QCOMPARE(cell(grid, 1, frmWebImport::ColStatus), "Available");
+        QCOMPARE(cell(grid, 1, frmWebImport::ColName), "Spring pictures");
+
+        // Tick the first two rows, one by mouse and one by keyboard; a second click unticks.
+        clickCell(grid, 0, frmWebImport::ColSelect);
+        clickCell(grid, 2, frmWebImport::ColSelect);
+        clickCell(grid, 2, frmWebImport::ColSelect);
+        grid->setCurrentCell(1, frmWebImport::ColName);
+        QTest::keyClick(grid, Qt::Key_Space);
+        QCOMPARE(cell(grid, 0, frmWebImport::ColSelect), "C");
+        QCOMPARE(cell(grid, 1, frmWebImport::ColSelect), "C");
+        QCOMPARE(cell(grid, 2, frmWebImport::ColSelect), "");
+
+        MessageAnswerer answers;
+        QTest::mouseClick(child<QPushButton>(&dlg, "cmdImport"), Qt::LeftButton);
+        QTRY_COMPARE(
+            answers.seen,
+            QStringList{"Added 1 drinks, ignored 1 drinks that you already had.\n\nAdded 1 new drink images."});
+        QCOMPARE(cell(grid, 0, frmWebImport::ColStatus), "Complete");
+        QCOMPARE(cell(grid, 1, frmWebImport::ColStatus), "Complete");
+        QCOMPARE(cell(grid, 2, frmWebImport::ColStatus), "Available");
+        QVERIFY(dlg.addedAny());
+        QCOMPARE(t.store().scalar("SELECT Count(*) FROM Drinks WHERE Name = 'Harbor Light'").toInt(), 1);
+        QCOMPARE(t.store().scalar("SELECT ImageFilePath FROM Drinks WHERE ID = 1").toString(), "000001");
+        QCOMPARE(ZipArchive::extractMember(t.appDir() + "/Corvane.cvi", ArchivePasswords::ImageArchive, "000001.jpg",
+                                           t.appDir()),
+                 0);
+
+        // A second check of the same index changes nothing and keeps the statuses and ticks.
+        QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
+        QTRY_VERIFY(child<QPushButton>(&dlg, "cmdDownload")->isEnabled());
+        QCOMPARE(grid->rowCount(), 3);
+        QCOMPARE(cell(grid, 0, frmWebImport::ColStatus), "Complete");
+        QCOMPARE(cell(grid, 0, frmWebImport::ColSelect), "C");
+    }
+
+    void updateServerFailures()
+    {
+        TestStore t;
+        TestHttpServer server;
+        server.route("/CVX/update.txt", TestHttpServer::NotFound);
+        frmWebImport dlg(t.store(), t.appDir(), server.host());
+        dlg.setTimeout(60000);
+        dlg.show();
+        MessageAnswerer answers;
+        QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
+        QTRY_COMPARE(answers.seen,
+                     QStringList{"Unable to download the updates file from " + server.host() + " at this time."});
+
+        // A server that never answers: Stop gives the window back, and nothing is taken in.
+        server.route("/CVX/update.txt", TestHttpServer::Serve,
+                     ("1/1/2026 D x " + server.url("/CVX/slow.cvx") + " Slow|never comes\r\n").toUtf8());
+        server.route("/CVX/slow.cvx", TestHttpServer::Stall);
+        QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
+        auto *grid = child<QTableWidget>(&dlg, "fgUpdates");
+        QTRY_COMPARE(grid->rowCount(), 1);
+        clickCell(grid, 0, frmWebImport::ColSelect);
+        QTest::mouseClick(child<QPushButton>(&dlg, "cmdImport"), Qt::LeftButton);
+        QVERIFY(!child<QPushButton>(&dlg, "cmdCancel")->isEnabled());
+        QVERIFY(!grid->isEnabled());
+        QTRY_COMPARE(server.requests(), 3);
+        QTest::mouseClick(child<QPushButton>(&dlg, "cmdStop"), Qt::LeftButton);
+        QTRY_VERIFY(child<QPushButton>(&dlg, "cmdCancel")->isEnabled());
+        QVERIFY(dlg.isVisible());
+        QCOMPARE(answers.seen.size(), 1); // a stop the user asked for is no failure to tell
+        QCOMPARE(cell(grid, 0, frmWebImport::ColStatus), "Available");
+        QCOMPARE(t.store().scalar("SELECT Count(*) FROM Drinks").toInt(), 0);
+    }
+};
+
+QTEST_MAIN(UpdateWindowTest)
+#include "tst_updatewindow.moc"
