@@ -1,10 +1,6 @@
 # What `cmake --install` puts where a Linux desktop looks for it. The program finds its delivered
 # data at ../share/corvane beside its executable, so the two stay "bin" and "share".
-install(TARGETS corvane RUNTIME DESTINATION bin)
-# The terminal companion, when this tree builds it.
-if(TARGET corvane-cli)
-  install(TARGETS corvane-cli RUNTIME DESTINATION bin)
-endif()
+install(TARGETS corvane corvane-cli RUNTIME DESTINATION bin)
 
 install(DIRECTORY ${CORVANE_DATA_OUT}/ DESTINATION share/corvane)
 
@@ -27,9 +23,12 @@ set(CORVANE_CHANGELOG_DATE "Mon, 23 Nov 2026 12:00:00 +0000")
 configure_file(${desktop}/changelog.in ${CMAKE_BINARY_DIR}/doc/changelog @ONLY)
 find_program(GZIP_PROGRAM gzip REQUIRED)
 add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/doc/changelog.gz ${CMAKE_BINARY_DIR}/doc/corvane.1.gz
+                          ${CMAKE_BINARY_DIR}/doc/corvane-cli.1.gz
   COMMAND ${GZIP_PROGRAM} -n -9 -c ${CMAKE_BINARY_DIR}/doc/changelog > ${CMAKE_BINARY_DIR}/doc/changelog.gz
   COMMAND ${GZIP_PROGRAM} -n -9 -c ${desktop}/corvane.1 > ${CMAKE_BINARY_DIR}/doc/corvane.1.gz
-  DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog ${desktop}/corvane.1)
-add_custom_target(corvane_docs ALL DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog.gz ${CMAKE_BINARY_DIR}/doc/corvane.1.gz)
+  COMMAND ${GZIP_PROGRAM} -n -9 -c ${desktop}/corvane-cli.1 > ${CMAKE_BINARY_DIR}/doc/corvane-cli.1.gz
+  DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog ${desktop}/corvane.1 ${desktop}/corvane-cli.1)
+add_custom_target(corvane_docs ALL DEPENDS ${CMAKE_BINARY_DIR}/doc/changelog.gz ${CMAKE_BINARY_DIR}/doc/corvane.1.gz
+                                           ${CMAKE_BINARY_DIR}/doc/corvane-cli.1.gz)
 install(FILES ${desktop}/copyright ${CMAKE_BINARY_DIR}/doc/changelog.gz DESTINATION share/doc/corvane)
-install(FILES ${CMAKE_BINARY_DIR}/doc/corvane.1.gz DESTINATION share/man/man1)
+install(FILES ${CMAKE_BINARY_DIR}/doc/corvane.1.gz ${CMAKE_BINARY_DIR}/doc/corvane-cli.1.gz DESTINATION share/man/man1)

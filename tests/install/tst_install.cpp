@@ -180,8 +180,7 @@ void tst_Install::windowFillsNewApplicationDirectory()
 void tst_Install::cliListsTheBook()
 {
     const QString cli = installed(QStringLiteral("bin/corvane-cli"));
-    if (!QFileInfo::exists(cli))
-        QSKIP("corvane-cli is not built in this tree, so it was not installed; its listing was not checked");
+    QVERIFY2(QFileInfo::exists(cli), "corvane-cli was not installed");
     const QString home = m_home.filePath(QStringLiteral("cli"));
     const Run r = run(cli, {QStringLiteral("list"), QStringLiteral("--view"), QStringLiteral("all")}, newUser(home));
     QVERIFY2(r.exitCode == 0, qPrintable(r.output));
