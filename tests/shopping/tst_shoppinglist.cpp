@@ -1,0 +1,331 @@
+// The purchase quantities, the list made from a small book, the saved list file and the print's
+// layout.
+#include "TestFiles.h"
+#include "TestStore.h"
+#include "shopping/PurchaseAmount.h"
+#include "shopping/ShopListFile.h"
+#include "shopping/ShopListPrint.h"
+#include "shopping/ShoppingList.h"
+#include "store/DrinkStore.h"
+
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+// Drinks and their lines (ingredient: ounces):
+//   1 Gin Sour      Gin 2, Lemon 0.75, Bitters 0.03
+//   2 Gin Rickey    Gin 1.5, Lime 0.5, Soda 0
+//   3 Empty Glass   no line
+//   4 Lemon Drop    Lemon 1, Vodka 2
+QString bookSql()
+{
+    return QStringLiteral(R"(
+INSERT INTO Ingredients (id, Ingredient) VALUES (1, 'Gin'), (2, 'Lemon Juice'), (3, 'Bitters'),
+  (4, 'Lime Juice'), (5, 'Soda'), (6, 'Vodka');
+INSERT INTO Drinks (id, Name) VALUES (1, 'Gin Sour'), (2, 'Gin Rickey'), (3, 'Empty Glass'), (4, 'Lemon Drop');
+INSERT INTO DrinkRel (DrinkID, IngID, seq, measure) VALUES
+  (1, 1, 1, 2), (1, 2, 2, 0.75), (1, 3, 3, 0.03),
+  (2, 1, 1, 1.5), (2, 4, 2, 0.5), (2, 5, 3, 0),
+  (4, 2, 1, 1), (4, 6, 2, 2);
+)");
+}
+
+QStringList texts(const std::vector<ShoppingList::Row> &rows)
+{
+    QStringList out;
+    for (const auto &row : rows)
+        out << row.ingredient + u'|' + row.amount;
+    return out;
+}
+
+} // namespace
+
+class tst_ShoppingList : public QObject {
+    Q_OBJECT
+private slots:
+    void purchaseAmount_data();
+    void purchaseAmount();
+    void numberOfDrinks_data();
+    void numberOfDrinks();
+    void generate_data();
+    void generate();
+    void roundTrip_data();
+    void roundTrip();
+    void readRefusals_data();
+    void readRefusals();
+    void writeFailureKeepsOldFile();
+    void printLayout_data();
+    void printLayout();
+    void printToPdf();
+};
+
+void tst_ShoppingList::purchaseAmount_data()
+{
+    QTest::addColumn<int>("family");
+    QTest::addColumn<float>("ounces");
+    QTest::addColumn<QString>("expected");
+    const int bar = PurchaseAmount::Bar, english = PurchaseAmount::English, metric = PurchaseAmount::Metric;
+    QTest::newRow("bar 16 is not above a pint") << bar << 16.0f << " 17 Ounces";
+    QTest::newRow("bar 16.5") << bar << 16.5f << " 2 Pints";
+    QTest::newRow("bar 25.6 single is not above the fifth") << bar << 25.6f << " 2 Pints";
+    QTest::newRow("bar 25.7") << bar << 25.7f << " 2 Fifths";
+    QTest::newRow("bar 26") << bar << 26.0f << " 2 Fifths";
+    QTest::newRow("bar 32.5") << bar << 32.5f << " 2 Fifths";
+    QTest::newRow("bar 51.2 exact multiple goes up") << bar << 51.2f << " 3 Fifths";
+    QTest::newRow("bar 1 ounce in dashes") << bar << 1.0f << " 33 Dashes";
+    QTest::newRow("bar 1.5") << bar << 1.5f << " 2 Ounces";
+    QTest::newRow("bar dash limit") << bar << 0.03125f << "";
+    QTest::newRow("bar 1.5 dashes rounds to even") << bar << 0.015625f << "";
+    QTest::newRow("bar 2.5 dashes to 2") << bar << 0.046875f << " 2 Dashes";
+    QTest::newRow("bar 3.5 dashes to 4") << bar << 0.078125f << " 4 Dashes";
+    QTest::newRow("bar zero") << bar << 0.0f << "";
+    QTest::newRow("bar huge count in exponent form") << bar << 1e9f << " 3.90625E+07 Fifths";
+    QTest::newRow("english 129") << english << 129.0f << " 2 Gallons";
+    QTest::newRow("english 128") << english << 128.0f << " 5 Quarts";
+    QTest::newRow("english 33") << english << 33.0f << " 2 Quarts";
+    QTest::newRow("english 17") << english << 17.0f << " 2 Pints";
+    QTest::newRow("english 9") << english << 9.0f << " 2 Cups";
+    QTest::newRow("english 8") << english << 8.0f << " 9 Ounces";
+    QTest::newRow("english 0.75") << english << 0.75f << " 2 Tbsp.";
+    QTest::newRow("english 0.5 in teaspoons") << english << 0.5f << " 5 Tsp.";
+    QTest::newRow("english teaspoon limit") << english << 0.125f << "";
+    QTest::newRow("metric 33.9") << metric << 33.9f << " 2 Liters";
+    QTest::newRow("metric liter limit in ml") << metric << 33.8f << " 1000 ml";
+    QTest::newRow("metric one ml") << metric << 1.0f / 29.6f << " 1 ml";
+    QTest::newRow("metric nothing left") << metric << 0.01f << " 0 ml";
+    QTest::newRow("family 0") << 0 << 40.0f << "";
+    QTest::newRow("family 4") << 4 << 40.0f << "";
+}
+
+void tst_ShoppingList::purchaseAmount()
+{
+    QFETCH(int, family);
+    QFETCH(float, ounces);
+    QFETCH(QString, expected);
+    const float before = ounces;
+    QCOMPARE(GetPurchaseAmount(ounces, family), expected);
+    // A chosen unit uses the amount up; no unit leaves it.
+    QCOMPARE(ounces, expected.isEmpty() ? before : 0.0f);
+}
+
+void tst_ShoppingList::numberOfDrinks_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("expected"); // 0: refused
+    QTest::newRow("zero") << "0" << 0;
+    QTest::newRow("empty") << "" << 0;
+    QTest::newRow("letters first") << "abc5" << 0;
+    QTest::newRow("negative") << "-3" << 0;
+    QTest::newRow("too large") << "99999999999" << 0;
+    QTest::newRow("2.5 to even") << "2.5" << 2;
+    QTest::newRow("3.5 to even") << "3.5" << 4;
+    QTest::newRow("0.5 to even is none") << "0.5" << 0;
+    QTest::newRow("blanks and words after") << " 12 drinks" << 12;
+}
+
+void tst_ShoppingList::numberOfDrinks()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, expected);
+    QCOMPARE(ShoppingList::numberOfDrinks(typed).value_or(0), expected);
+}
+
+void tst_ShoppingList::generate_data()
+{
+    QTest::addColumn<QList<qint32>>("ids");
+    QTest::addColumn<int>("n");
+    QTest::addColumn<int>("family");
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("one drink, bar; a dash too small has no amount") << QList<qint32>{1} << 1 << 1
+                                    << QStringList{"Bitters|", "Gin| 3 Ounces", "Lemon Juice| 25 Dashes"};
+    QTest::newRow("sums across drinks, zero left out")
+        << QList<qint32>{1, 2, 4} << 10 << 1
+        << QStringList{"Bitters| 11 Dashes", "Gin| 2 Fifths", "Lemon Juice| 2 Pints", "Lime Juice| 6 Ounces",
+                       "Vodka| 2 Pints"};
+    QTest::newRow("metric") << QList<qint32>{4} << 20 << 3
+                            << QStringList{"Lemon Juice| 592 ml", "Vodka| 2 Liters"};
+    QTest::newRow("a drink twice counts twice")
+        << QList<qint32>{4, 4} << 4 << 2 << QStringList{"Lemon Juice| 9 Ounces", "Vodka| 3 Cups"};
+    QTest::newRow("no lines") << QList<qint32>{3} << 5 << 1 << QStringList{};
+    QTest::newRow("no drinks") << QList<qint32>{} << 5 << 1 << QStringList{};
+}
+
+void tst_ShoppingList::generate()
+{
+    QFETCH(QList<qint32>, ids);
+    QFETCH(int, n);
+    QFETCH(int, family);
+    QFETCH(QStringList, expected);
+    TestStore t(bookSql());
+    // What an earlier list left behind is replaced.
+    t.store().execute(QStringLiteral("INSERT INTO tmp_ShopList (id) VALUES (2), (2)"));
+    QStringList stages;
+    const auto rows = ShoppingList::Generate(t.store(), {ids.begin(), ids.end()}, n, family,
+                                             [&](const QString &s) { stages << s; });
+    QCOMPARE(texts(rows), expected);
+    QCOMPARE(stages, (QStringList{"Generating list of Drinks...", "Generating shopping list..."}));
+    QCOMPARE(t.store().scalar(QStringLiteral("SELECT COUNT(*) FROM tmp_ShopList")).toInt(), ids.size());
+    QVERIFY(!t.store().inTransaction());
+}
+
+void tst_ShoppingList::roundTrip_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QString>("number");
+    QTest::addColumn<QByteArray>("bytes"); // "" when only the round trip is checked
+    QTest::newRow("plain") << QStringList{"Gin Sour", "Mai Tai"} << "12"
+                           << QByteArray("Selected Drinks:\r\nGin Sour\r\nMai Tai\r\nNum Drinks:\r\n12\r\n");
+    QTest::newRow("accent in windows-1252")
+        << QStringList{QStringLiteral("Caf\u00e9 Royal")} << "2"
+        << QByteArray("Selected Drinks:\r\nCaf\xe9 Royal\r\nNum Drinks:\r\n2\r\n");
+    QTest::newRow("no drinks, number as typed") << QStringList{} << "abc"
+                                                << QByteArray("Selected Drinks:\r\nNum Drinks:\r\nabc\r\n");
+    QTest::newRow("quotes, blanks and emoji")
+        << QStringList{QStringLiteral("  \"Hurricane\" "), QStringLiteral("Pi\u00f1a \U0001F379"), "It's"} << "2.5"
+        << QByteArray();
+}
+
+void tst_ShoppingList::roundTrip()
+{
+    QFETCH(QStringList, names);
+    QFETCH(QString, number);
+    QFETCH(QByteArray, bytes);
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("party.LST"));
+    QCOMPARE(ShopListFile::Write(path, names, number), QString());
+    if (!bytes.isEmpty())
+        QCOMPARE(readFile(path), bytes);
+    const ShopListFile::Content back = ShopListFile::Read(path);
+    QCOMPARE(back.status, ShopListFile::Status::Read);
+    QCOMPARE(back.drinkNames, names);
+    QCOMPARE(back.numDrinks, number);
+}
+
+void tst_ShoppingList::readRefusals_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // "-" : no file at all
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QString>("number");
+    using S = ShopListFile::Status;
+    QTest::newRow("missing") << QByteArray("-") << int(S::NotFound) << QStringList{} << "";
+    QTest::newRow("empty file") << QByteArray("") << int(S::BadFormat) << QStringList{} << "";
+    QTest::newRow("another file") << QByteArray("[Settings]\r\nGin\r\n") << int(S::BadFormat) << QStringList{} << "";
+    QTest::newRow("head with blanks") << QByteArray("  Selected Drinks:  \r\nGin\r\n Num Drinks: \r\n 3 \r\n")
+                                      << int(S::Read) << QStringList{"Gin"} << "3";
+    QTest::newRow("ends before the number line")
+        << QByteArray("Selected Drinks:\r\nGin\r\nRum\r\n") << int(S::Truncated) << QStringList{"Gin", "Rum"} << "";
+    QTest::newRow("ends after the number line")
+        << QByteArray("Selected Drinks:\r\nGin\r\nNum Drinks:\r\n") << int(S::Truncated) << QStringList{"Gin"} << "";
+    QTest::newRow("empty number") << QByteArray("Selected Drinks:\r\nNum Drinks:\r\n\r\n") << int(S::Read)
+                                  << QStringList{} << "";
+    QTest::newRow("lf line ends, no last end") << QByteArray("Selected Drinks:\nGin\nNum Drinks:\n4") << int(S::Read)
+                                               << QStringList{"Gin"} << "4";
+    QTest::newRow("utf-8 from another editor")
+        << QByteArray("Selected Drinks:\r\nCaf\xc3\xa9\r\nNum Drinks:\r\n1\r\n") << int(S::Read)
+        << QStringList{QStringLiteral("Caf\u00e9")} << "1";
+    QTest::newRow("only the first number line ends the names")
+        << QByteArray("Selected Drinks:\r\nNum Drinks:\r\nNum Drinks:\r\n5\r\n") << int(S::Read) << QStringList{}
+        << "Num Drinks:";
+}
+
+void tst_ShoppingList::readRefusals()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, status);
+    QFETCH(QStringList, names);
+    QFETCH(QString, number);
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("list.LST"));
+    if (bytes != "-")
+        QVERIFY(writeFile(path, bytes));
+    const ShopListFile::Content content = ShopListFile::Read(path);
+    QCOMPARE(int(content.status), status);
+    QCOMPARE(content.drinkNames, names);
+    QCOMPARE(content.numDrinks, number);
+}
+
+void tst_ShoppingList::writeFailureKeepsOldFile()
+{
+    QTemporaryDir dir;
+    QCOMPARE(ShopListFile::Write(dir.filePath(QStringLiteral("no/such/dir/a.LST")), {"Gin"}, "1").isEmpty(), false);
+    // A directory where the file should go stays a directory.
+    const QString blocked = dir.filePath(QStringLiteral("blocked.LST"));
+    QVERIFY(QDir().mkdir(blocked));
+    QCOMPARE(ShopListFile::Write(blocked, {"Gin"}, "1").isEmpty(), false);
+    QVERIFY(QFileInfo(blocked).isDir());
+}
+
+void tst_ShoppingList::printLayout_data()
+{
+    QTest::addColumn<int>("drinks");
+    QTest::addColumn<QString>("nameColumns"); // column of each name, '/' where the line ends
+    QTest::newRow("none") << 0 << "";
+    QTest::newRow("one") << 1 << "5/";
+    QTest::newRow("three") << 3 << "5 50 95/";
+    QTest::newRow("four") << 4 << "5 50 95/5/";
+    QTest::newRow("seven") << 7 << "5 50 95/5 50 95/5/";
+}
+
+void tst_ShoppingList::printLayout()
+{
+    QFETCH(int, drinks);
+    QFETCH(QString, nameColumns);
+    ShopListPrint::Input input;
+    for (int i = 0; i < drinks; ++i)
+        input.drinkNames << QStringLiteral("Drink %1").arg(i);
+    input.numDrinks = QStringLiteral("2.5");
+    input.family = PurchaseAmount::English;
+    const QDateTime when(QDate(2026, 3, 7), QTime(21, 5, 9));
+    const auto pieces = ShopListPrint::Layout(input, when);
+
+    QCOMPARE(pieces.at(0).text, QStringLiteral("Corvane for Windows 3.0 Shopping List"));
+    QCOMPARE(pieces.at(0).pointSize, 18);
+    QCOMPARE(pieces.at(1).text, QStringLiteral("Saturday, March 7, 2026 - 9:05:09 PM"));
+    QCOMPARE(pieces.at(1).centerOn, QStringLiteral("Saturday, 3 7, 2026 - 9:05:09 PM"));
+    QVERIFY(pieces.at(1).centered && pieces.at(2).centered);
+
+    // The names, between the "Selected Drinks" and "Settings" headings.
+    QString seen;
+    std::size_t i = 5;
+    QCOMPARE(pieces.at(4).text, QStringLiteral("Selected Drinks"));
+    for (; pieces.at(i).text != QLatin1String("Settings"); ++i) {
+        if (pieces[i].text.isEmpty())
+            continue; // the blank lines before the heading
+        if (!seen.isEmpty() && !seen.endsWith(u'/'))
+            seen += u' ';
+        seen += QString::number(pieces[i].column) + (pieces[i].endsLine ? QStringLiteral("/") : QString());
+    }
+    QCOMPARE(seen, nameColumns);
+    QVERIFY(pieces[i].bold);
+    QCOMPARE(pieces.at(i + 1).text, QStringLiteral("2.5 drinks using English measurements."));
+    QCOMPARE(pieces.at(i + 1).column, 5);
+
+    // No list made: the heading and one empty line at the ingredient and amount columns.
+    QCOMPARE(pieces.at(pieces.size() - 3).text, QStringLiteral("Shopping List"));
+    QCOMPARE(pieces.at(pieces.size() - 2).column, 5);
+    QCOMPARE(pieces.back().column, 50);
+    QVERIFY(pieces.back().text.isEmpty() && pieces.back().endsLine);
+}
+
+void tst_ShoppingList::printToPdf()
+{
+    QTemporaryDir dir;
+    ShopListPrint::Input input;
+    input.drinkNames = QStringList{"Gin Sour"};
+    input.numDrinks = QStringLiteral("4");
+    // Enough lines to run over the first page.
+    for (int i = 0; i < 300; ++i)
+        input.rows.push_back({QStringLiteral("Ingredient %1").arg(i), QStringLiteral(" 2 Pints")});
+    const QString path = dir.filePath(QStringLiteral("list.pdf"));
+    QCOMPARE(ShopListPrint::PrintToPdf(path, input, QDateTime::currentDateTime()), QString());
+    const QByteArray pdf = readFile(path);
+    QVERIFY(pdf.startsWith("%PDF"));
+    QVERIFY(pdf.count("/Type /Page") - pdf.count("/Type /Pages") >= 2);
+    QVERIFY(!ShopListPrint::PrintToPdf(dir.filePath(QStringLiteral("missing/list.pdf")), input, {}).isEmpty());
+}
+
+QTEST_MAIN(tst_ShoppingList)
+#include "tst_shoppinglist.moc"
