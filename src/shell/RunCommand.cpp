@@ -17,6 +17,8 @@
 #include "reference/frmIngTypes.h"
 #include "pricing/frmDrinkPrices.h"
 #include "search/SearchDialogs.h"
+#include "shopping/frmShopList.h"
+#include "templates/frmTemplates.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
 #include "shell/MainScheme.h"
@@ -136,6 +138,12 @@ void frmMain::RunCommand(int command)
                 RunCommand(206);
             break;
         }
+        case 502: {
+            frmShopList dlg(*m_store, this);
+            dlg.Setup(*m_listModel);
+            dlg.exec();
+            break;
+        }
         case 503: {
             frmIngMaint dlg(*m_store, this);
             dlg.exec();
@@ -176,6 +184,12 @@ void frmMain::RunCommand(int command)
             frmColorScheme dlg(*m_store, state, this);
             dlg.exec();
             ApplySchemeToMain(this);
+            ShowSelectedDrink();
+            break;
+        }
+        case 510: {
+            frmTemplates dlg(*m_facade, this);
+            dlg.exec();
             ShowSelectedDrink();
             break;
         }

@@ -1,0 +1,298 @@
+// The shopping list window driven as a user drives it: choose drinks, make the list, save it,
+// open it again, print it.
+#include "GuiTest.h"
+#include "TestFiles.h"
+#include "TestStore.h"
+#include "base/AppPaths.h"
+#include "presentation/DrinkListModel.h"
+#include "shopping/frmShopList.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTemporaryDir>
+
+namespace {
+
+QString bookSql()
+{
+    return QStringLiteral(R"(
+INSERT INTO Ingredients (id, Ingredient) VALUES (1, 'Gin'), (2, 'Lemon Juice'), (3, 'Soda'), (4, 'Vodka');
+INSERT INTO Drinks (id, Name) VALUES (1, 'Gin Sour'), (2, 'Gin Fizz'), (3, 'Empty Glass'), (4, 'Lemon Drop'),
+  (5, 'Caf' || char(233) || ' "Noir"');
+INSERT INTO DrinkRel (DrinkID, IngID, seq, measure) VALUES
+  (1, 1, 1, 2), (1, 2, 2, 0.75), (2, 1, 1, 2), (2, 3, 2, 0), (4, 2, 1, 1), (4, 4, 2, 2), (5, 4, 1, 1.5);
+)");
+}
+
+// Runs the action on the next modal window of the kind once it is shown. It polls rather than
+// waits, so that a file dialog and the message box after it can both be answered in turn.
+template <typename W> void whenShown(QObject *context, std::function<void(W *)> action)
+{
+    auto *poll = new QTimer(context);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, action] {
+        if (auto *w = qobject_cast<W *>(QApplication::activeModalWidget())) {
+            poll->stop();
+            poll->deleteLater();
+            action(w);
+        }
+    });
+    poll->start(10);
+}
+
+// Answers the next file dialog with the path, as a user typing it.
+void answerNextFileDialog(QObject *context, const QString &path, QString *title)
+{
+    whenShown<QFileDialog>(context, [path, title](QFileDialog *dialog) {
+        *title = dialog->windowTitle();
+        dialog->selectFile(path);
+        static_cast<QDialog *>(dialog)->accept(); // as the dialog's own button does
+    });
+}
+
+// Answers the message box that follows, keeping "title|text".
+void answerLaterMessage(QObject *context, QString *seen, QMessageBox::StandardButton button = QMessageBox::Ok)
+{
+    whenShown<QMessageBox>(context, [seen, button](QMessageBox *box) {
+        *seen = box->windowTitle() + u'|' + box->text();
+        box->button(button)->click();
+    });
+}
+
+QStringList entries(const QListWidget *list)
+{
+    QStringList out;
+    for (int i = 0; i < list->count(); ++i)
+        out << list->item(i)->text();
+    return out;
+}
+
+QStringList gridRows(const QTableWidget *grid)
+{
+    QStringList out;
+    for (int r = 0; r < grid->rowCount(); ++r) {
+        const auto *a = grid->item(r, 0);
+        const auto *b = grid->item(r, 1);
+        out << (a ? a->text() : QString()) + u'|' + (b ? b->text() : QString());
+    }
+    return out;
+}
+
+void selectByName(QListWidget *list, const QStringList &names)
+{
+    for (int i = 0; i < list->count(); ++i)
+        list->item(i)->setSelected(names.contains(list->item(i)->text()));
+}
+
+} // namespace
+
+class tst_ShopDialog : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+    void makeSaveOpenPrint();
+    void makeListRefusals_data();
+    void makeListRefusals();
+    void openRefusals_data();
+    void openRefusals();
+
+private:
+    std::unique_ptr<frmShopList> newDialog();
+    void screenshot(QWidget *w, const QString &name);
+
+    std::unique_ptr<TestStore> m_book;
+    DrinkListModel m_list;
+};
+
+void tst_ShopDialog::init()
+{
+    // The file dialogs are answered through their widgets, on any desktop.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    m_book = std::make_unique<TestStore>(bookSql());
+    AppPaths::setAppDir(m_book->appDir());
+    m_list.load(m_book->store(), QStringLiteral("SELECT id, Name FROM Drinks ORDER BY Name"));
+}
+
+void tst_ShopDialog::cleanup()
+{
+    m_book.reset();
+}
+
+std::unique_ptr<frmShopList> tst_ShopDialog::newDialog()
+{
+    auto dlg = std::make_unique<frmShopList>(m_book->store());
+    dlg->Setup(m_list);
+    dlg->show();
+    return dlg;
+}
+
+void tst_ShopDialog::screenshot(QWidget *w, const QString &name)
+{
+    if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
+        w->grab().save(qEnvironmentVariable("CORVANE_SCREENSHOTS") + u'/' + name + QStringLiteral(".png"));
+}
+
+void tst_ShopDialog::makeSaveOpenPrint()
+{
+    auto dlg = newDialog();
+    auto *source = child<QListWidget>(dlg.get(), "SourceList");
+    auto *selected = child<QListWidget>(dlg.get(), "SelectedList");
+    auto *grid = child<QTableWidget>(dlg.get(), "gridShopList");
+    auto *num = child<QLineEdit>(dlg.get(), "NumDrinks");
+    const QString cafe = QStringLiteral("Caf\u00e9 \"Noir\"");
+    QCOMPARE(entries(source), (QStringList{cafe, "Empty Glass", "Gin Fizz", "Gin Sour", "Lemon Drop"}));
+    QCOMPARE(grid->horizontalHeaderItem(1)->text(), QStringLiteral("Amount Required"));
+
+    // Move two by selection, one by double click, and one back.
+    selectByName(source, {"Gin Sour", cafe, "Lemon Drop"});
+    child<QPushButton>(dlg.get(), "Add")->click();
+    QCOMPARE(entries(selected), (QStringList{cafe, "Gin Sour", "Lemon Drop"}));
+    QCOMPARE(entries(source), (QStringList{"Empty Glass", "Gin Fizz"}));
+    emit source->itemDoubleClicked(source->item(1));
+    selectByName(selected, {"Lemon Drop"});
+    child<QPushButton>(dlg.get(), "Remove")->click();
+    QCOMPARE(entries(selected), (QStringList{cafe, "Gin Sour", "Gin Fizz"}));
+    QCOMPARE(selected->item(0)->data(frmShopList::IdRole).toInt(), 5);
+
+    num->setText(QStringLiteral("10"));
+    child<QRadioButton>(dlg.get(), "English")->setChecked(true);
+    child<QPushButton>(dlg.get(), "MakeList")->click();
+    QCOMPARE(gridRows(grid), (QStringList{"Gin| 2 Quarts", "Lemon Juice| 8 Ounces", "Vodka| 2 Cups"}));
+    screenshot(dlg.get(), QStringLiteral("shoplist"));
+
+    // Saved, then an overwrite refused and one accepted.
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("party.LST"));
+    QString title, seen;
+    answerNextFileDialog(dlg.get(), path, &title);
+    child<QPushButton>(dlg.get(), "Command2")->click();
+    QCOMPARE(title, QStringLiteral("Save Shopping List as"));
+    const QByteArray saved = readFile(path);
+    QCOMPARE(saved, QByteArray("Selected Drinks:\r\nCaf\xe9 \"Noir\"\r\nGin Sour\r\nGin Fizz\r\nNum Drinks:\r\n10\r\n"));
+    num->setText(QStringLiteral("3"));
+    answerNextFileDialog(dlg.get(), path, &title);
+    answerLaterMessage(dlg.get(), &seen, QMessageBox::No);
+    child<QPushButton>(dlg.get(), "Command2")->click();
+    QCOMPARE(seen, QStringLiteral("Shopping List|The file '%1' already exists.  Do you want ot overwrite it?").arg(path));
+    QCOMPARE(readFile(path), saved);
+    num->setText(QStringLiteral("10"));
+
+    // Printed to PDF with the list as shown.
+    const QString pdf = dir.filePath(QStringLiteral("list.pdf"));
+    dlg->setPrintFile(pdf);
+    child<QPushButton>(dlg.get(), "Print")->click();
+    QVERIFY(readFile(pdf).startsWith("%PDF"));
+
+    // Opened in a fresh window: the drinks are chosen by name and the list is made again.
+    auto again = newDialog();
+    answerNextFileDialog(again.get(), path, &title);
+    child<QPushButton>(again.get(), "Command1")->click();
+    QCOMPARE(title, QStringLiteral("Open Shopping List"));
+    QCOMPARE(entries(child<QListWidget>(again.get(), "SelectedList")), (QStringList{cafe, "Gin Sour", "Gin Fizz"}));
+    QCOMPARE(entries(child<QListWidget>(again.get(), "SourceList")), (QStringList{"Empty Glass", "Lemon Drop"}));
+    QCOMPARE(child<QLineEdit>(again.get(), "NumDrinks")->text(), QStringLiteral("10"));
+    // The unit family is not saved: the window's own (Bar) is used.
+    QCOMPARE(gridRows(child<QTableWidget>(again.get(), "gridShopList")),
+             (QStringList{"Gin| 2 Fifths", "Lemon Juice| 8 Ounces", "Vodka| 16 Ounces"}));
+
+    // Opening it a second time: the drinks of the first opening are no longer available.
+    answerNextFileDialog(again.get(), path, &title);
+    answerLaterMessage(again.get(), &seen);
+    child<QPushButton>(again.get(), "Command1")->click();
+    QVERIFY(entries(child<QListWidget>(again.get(), "SelectedList")).isEmpty());
+    QCOMPARE(seen, QStringLiteral("Corvane|Please select the drinks you want the shopping list for."));
+
+    child<QPushButton>(again.get(), "ClearList")->click();
+    QCOMPARE(gridRows(child<QTableWidget>(again.get(), "gridShopList")), QStringList{"|"});
+}
+
+void tst_ShopDialog::makeListRefusals_data()
+{
+    QTest::addColumn<QString>("number");
+    QTest::addColumn<bool>("chooseDrink");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QStringList>("grid");
+    const QString noDrinks = QStringLiteral("Corvane|Please select the drinks you want the shopping list for.");
+    const QString badNumber =
+        QStringLiteral("Corvane|Please enter a number greater than or equal to 1 for the number of drinks to make.");
+    QTest::newRow("no drink chosen") << "5" << false << noDrinks << QStringList{"Gin| 2 Fifths"};
+    QTest::newRow("zero") << "0" << true << badNumber << QStringList{"|"};
+    QTest::newRow("empty") << "" << true << badNumber << QStringList{"|"};
+    QTest::newRow("letters in front") << "x3" << true << badNumber << QStringList{"|"};
+    QTest::newRow("2.5 is 2") << "2.5" << true << "" << QStringList{"Gin| 5 Ounces"};
+    QTest::newRow("3.5 is 4") << "3.5" << true << "" << QStringList{"Gin| 9 Ounces"};
+}
+
+void tst_ShopDialog::makeListRefusals()
+{
+    QFETCH(QString, number);
+    QFETCH(bool, chooseDrink);
+    QFETCH(QString, message);
+    QFETCH(QStringList, grid);
+    auto dlg = newDialog();
+    auto *source = child<QListWidget>(dlg.get(), "SourceList");
+    auto *make = child<QPushButton>(dlg.get(), "MakeList");
+    auto *table = child<QTableWidget>(dlg.get(), "gridShopList");
+    // A list made before, to see what the refusal leaves of it.
+    selectByName(source, {"Gin Fizz"});
+    child<QPushButton>(dlg.get(), "Add")->click();
+    child<QLineEdit>(dlg.get(), "NumDrinks")->setText(QStringLiteral("20"));
+    make->click();
+    QCOMPARE(gridRows(table), QStringList{"Gin| 2 Fifths"});
+    if (!chooseDrink)
+        child<QPushButton>(dlg.get(), "RemoveAll")->click();
+
+    child<QLineEdit>(dlg.get(), "NumDrinks")->setText(number);
+    QString seen;
+    if (!message.isEmpty())
+        answerLaterMessage(dlg.get(), &seen);
+    make->click();
+    QCOMPARE(seen, message);
+    QCOMPARE(gridRows(table), grid);
+}
+
+void tst_ShopDialog::openRefusals_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // "-": no file
+    QTest::addColumn<QString>("message");  // %1: the path
+    QTest::addColumn<QStringList>("chosen");
+    QTest::addColumn<QString>("number");
+    QTest::newRow("missing") << QByteArray("-") << "Shopping List|The file '%1' Could not be found."
+                             << QStringList{"Gin Sour"} << "7";
+    QTest::newRow("not a list") << QByteArray("Drinks:\r\nGin Fizz\r\n")
+                                << "Shopping List|This file is not in the correct format for a saved shopping list."
+                                << QStringList{"Gin Sour"} << "7";
+    QTest::newRow("ends before its number")
+        << QByteArray("Selected Drinks:\r\n  Gin Fizz \r\nNo Such Drink\r\n") << "" << QStringList{"Gin Fizz"} << "7";
+}
+
+void tst_ShopDialog::openRefusals()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, message);
+    QFETCH(QStringList, chosen);
+    QFETCH(QString, number);
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("saved.LST"));
+    if (bytes != "-")
+        QVERIFY(writeFile(path, bytes));
+    auto dlg = newDialog();
+    selectByName(child<QListWidget>(dlg.get(), "SourceList"), {"Gin Sour"});
+    child<QPushButton>(dlg.get(), "Add")->click();
+    child<QLineEdit>(dlg.get(), "NumDrinks")->setText(QStringLiteral("7"));
+
+    QString title, seen;
+    answerNextFileDialog(dlg.get(), path, &title);
+    if (!message.isEmpty())
+        answerLaterMessage(dlg.get(), &seen);
+    child<QPushButton>(dlg.get(), "Command1")->click();
+    QCOMPARE(seen, message.contains(u'%') ? message.arg(path) : message);
+    QCOMPARE(entries(child<QListWidget>(dlg.get(), "SelectedList")), chosen);
+    QCOMPARE(child<QLineEdit>(dlg.get(), "NumDrinks")->text(), number);
+}
+
+QTEST_MAIN(tst_ShopDialog)
+#include "tst_shopdialog.moc"
