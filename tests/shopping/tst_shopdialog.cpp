@@ -27,28 +27,31 @@ INSERT INTO DrinkRel (DrinkID, IngID, seq, measure) VALUES
 )");
 }
 
-// Runs the action on the next modal window of the kind once it is shown. It polls rather than
-// waits, so that a file dialog and the message box after it can both be answered in turn.
-template <typename W> void whenShown(QObject *context, std::function<void(W *)> action)
+// Runs the action on the next modal window of the kind once it is shown, again on later
+// looks until the action says it is done. It polls rather than waits, so that a file dialog
+// and the message box after it can both be answered in turn.
+template <typename W> void whenShown(QObject *context, std::function<bool(W *)> action)
 {
     auto *poll = new QTimer(context);
     QObject::connect(poll, &QTimer::timeout, poll, [poll, action] {
-        if (auto *w = qobject_cast<W *>(QApplication::activeModalWidget())) {
+        auto *w = qobject_cast<W *>(QApplication::activeModalWidget());
+        if (w && action(w)) {
             poll->stop();
             poll->deleteLater();
-            action(w);
         }
     });
     poll->start(10);
 }
 
-// Answers the next file dialog with the path, as a user typing it.
+// Answers the next file dialog with the path, typed into its name box as a user does. A dialog
+// still reading its directory may not take the name yet; it is typed again until it closes.
 void answerNextFileDialog(QObject *context, const QString &path, QString *title)
 {
     whenShown<QFileDialog>(context, [path, title](QFileDialog *dialog) {
         *title = dialog->windowTitle();
-        dialog->selectFile(path);
+        child<QLineEdit>(dialog, "fileNameEdit")->setText(path);
         static_cast<QDialog *>(dialog)->accept(); // as the dialog's own button does
+        return !dialog->isVisible();
     });
 }
 
@@ -58,6 +61,7 @@ void answerLaterMessage(QObject *context, QString *seen, QMessageBox::StandardBu
     whenShown<QMessageBox>(context, [seen, button](QMessageBox *box) {
         *seen = box->windowTitle() + u'|' + box->text();
         box->button(button)->click();
+        return true;
     });
 }
 
@@ -185,6 +189,8 @@ void tst_ShopDialog::makeSaveOpenPrint()
     dlg->setPrintFile(pdf);
     child<QPushButton>(dlg.get(), "Print")->click();
     QVERIFY(readFile(pdf).startsWith("%PDF"));
+    if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
+        QFile::copy(pdf, qEnvironmentVariable("CORVANE_SCREENSHOTS") + QStringLiteral("/shoplist.pdf"));
 
     // Opened in a fresh window: the drinks are chosen by name and the list is made again.
     auto again = newDialog();
