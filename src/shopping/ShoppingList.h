@@ -26,6 +26,9 @@ inline constexpr const char *kStoringDrinks = "Generating list of Drinks...";
 inline constexpr const char *kSumming = "Generating shopping list...";
 using Stage = std::function<void(const QString &text)>;
 
+// The sums of ShoppingListQuery for the drinks in tmp_ShopList, as the list reads them.
+QString sumsStatement();
+
 // Replaces the rows of tmp_ShopList by the drinks (a drink twice counts twice), then reads the
 // sums: one row per ingredient in the query's order, amounts above 0 only. Store failures are
 // thrown as StoreError, with tmp_ShopList as it was.
