@@ -13,8 +13,6 @@ private slots:
     void scanOrder();
     void description_data();
     void description();
-    void nameAndRoot_data();
-    void nameAndRoot();
 };
 
 void tst_TemplateScan::scanOrder_data()
@@ -76,7 +74,6 @@ void tst_TemplateScan::description_data()
                                             << "Gin &amp; Tonic";
     QTest::newRow("windows-1252") << QByteArray("<meta name=\"description\" content=\"Caf\xe9\">")
                                   << QStringLiteral("Caf\u00e9");
-    QTest::newRow("empty description") << QByteArray("<meta name=\"description\" content=\"\">") << "";
     QTest::newRow("unreadable") << QByteArray("-") << "";
 }
 
@@ -94,28 +91,6 @@ void tst_TemplateScan::description()
     AddTemplate(path, records);
     QCOMPARE(records.size(), std::size_t(1));
     QCOMPARE(records[0].description, expected);
-}
-
-void tst_TemplateScan::nameAndRoot_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("root");
-    QTest::newRow("full path") << "/app/Templates/Standard.cvt" << "Standard" << "/app/Templates/";
-    QTest::newRow("subdirectory") << "/app/Templates/Big/Big Print.CVT" << "Big Print" << "/app/Templates/Big/";
-    QTest::newRow("old separators") << "C:\\Corvane\\Templates\\Old.cvt" << "Old" << "C:\\Corvane\\Templates\\";
-    QTest::newRow("no directory") << "Plain.cvt" << "Plain" << "";
-    QTest::newRow("extension alone") << "/t/.cvt" << "" << "/t/";
-    QTest::newRow("dots in the name") << "/t/v1.2.cvt" << "v1.2" << "/t/";
-}
-
-void tst_TemplateScan::nameAndRoot()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, name);
-    QFETCH(QString, root);
-    QCOMPARE(templateName(path), name);
-    QCOMPARE(templateRoot(path), root);
 }
 
 QTEST_GUILESS_MAIN(tst_TemplateScan)
