@@ -18,8 +18,7 @@ Bench::Floor listFloor(const std::vector<qint32> &ids)
                      << Bench::native(QStringLiteral("DELETE * FROM tmp_ShopList"));
     for (qint32 id : ids)
         floor.statements << QStringLiteral("INSERT INTO tmp_ShopList (id) VALUES (%1)").arg(id);
-    floor.statements << QStringLiteral("COMMIT")
-                     << ShoppingList::sumsStatement();
+    floor.statements << QStringLiteral("COMMIT") << ShoppingList::sumsStatement();
     floor.note = QStringLiteral("each INSERT parsed anew, where the program binds one prepared statement; "
                                 "synchronous=FULL, as the program's connection writes");
     return floor;

@@ -90,10 +90,10 @@ std::vector<ShopListPrint::Piece> ShopListPrint::Layout(const Input &input, cons
     pieces.push_back(blank());
     pieces.push_back(blank());
     pieces.push_back(heading("Settings"));
-    pieces.push_back(at(kLeftColumn,
-                        input.numDrinks + QStringLiteral(" drinks using ") +
-                            PurchaseAmount::familyMeasurementsText(input.family),
-                        true));
+    pieces.push_back(
+        at(kLeftColumn,
+           input.numDrinks + QStringLiteral(" drinks using ") + PurchaseAmount::familyMeasurementsText(input.family),
+           true));
 
     pieces.push_back(blank());
     pieces.push_back(blank());

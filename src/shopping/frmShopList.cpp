@@ -220,8 +220,8 @@ void frmShopList::MakeList_Click()
     resetGrid();
     const std::optional<int> n = ShoppingList::numberOfDrinks(NumDrinks->text());
     if (!n) {
-        plainMessage(this,
-                     QStringLiteral("Please enter a number greater than or equal to 1 for the number of drinks to make."));
+        plainMessage(
+            this, QStringLiteral("Please enter a number greater than or equal to 1 for the number of drinks to make."));
         return;
     }
     std::vector<qint32> ids;

@@ -70,7 +70,8 @@ void ScanTemplates(const QString &directory, bool withSubdirectories, TemplateLi
         AddTemplate(dir + name, records);
     if (!withSubdirectories)
         return;
-    const QStringList subdirectories = here.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks, kListOrder);
+    const QStringList subdirectories =
+        here.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks, kListOrder);
     for (const QString &name : subdirectories)
         ScanTemplates(dir + name, true, records);
 }

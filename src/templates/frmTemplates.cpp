@@ -50,7 +50,8 @@ frmTemplates::frmTemplates(CDrinkFacade &facade, QWidget *parent) : QDialog(pare
     resize(560, 320);
 
     connect(lstTemplates, &QListWidget::itemSelectionChanged, this, &frmTemplates::lstTemplates_Click);
-    connect(lstTemplates, &QListWidget::itemDoubleClicked, this, &frmTemplates::cmdSave_Click);
+    connect(lstTemplates, &QListWidget::itemDoubleClicked, this,
+            [this] { runGuarded(this, [this] { cmdSave_Click(); }); });
     connect(cmdSave, &QPushButton::clicked, this, [this] { runGuarded(this, [this] { cmdSave_Click(); }); });
     connect(cmdCancel, &QPushButton::clicked, this, &frmTemplates::cmdCancel_Click);
 

@@ -158,12 +158,14 @@ void tst_ShopDialog::makeSaveOpenPrint()
     child<QPushButton>(dlg.get(), "Command2")->click();
     QCOMPARE(title, QStringLiteral("Save Shopping List as"));
     const QByteArray saved = readFile(path);
-    QCOMPARE(saved, QByteArray("Selected Drinks:\r\nCaf\xe9 \"Noir\"\r\nGin Sour\r\nGin Fizz\r\nNum Drinks:\r\n10\r\n"));
+    QCOMPARE(saved,
+             QByteArray("Selected Drinks:\r\nCaf\xe9 \"Noir\"\r\nGin Sour\r\nGin Fizz\r\nNum Drinks:\r\n10\r\n"));
     num->setText(QStringLiteral("3"));
     answerNextFileDialog(dlg.get(), path, &title);
     answerLaterMessage(dlg.get(), &seen, QMessageBox::No);
     child<QPushButton>(dlg.get(), "Command2")->click();
-    QCOMPARE(seen, QStringLiteral("Shopping List|The file '%1' already exists.  Do you want ot overwrite it?").arg(path));
+    QCOMPARE(seen,
+             QStringLiteral("Shopping List|The file '%1' already exists.  Do you want ot overwrite it?").arg(path));
     QCOMPARE(readFile(path), saved);
     num->setText(QStringLiteral("10"));
 

@@ -101,14 +101,13 @@ void tst_ShoppingList::generate_data()
     QTest::addColumn<int>("n");
     QTest::addColumn<int>("family");
     QTest::addColumn<QStringList>("expected");
-    QTest::newRow("one drink, bar; a dash too small has no amount") << QList<qint32>{1} << 1 << 1
-                                    << QStringList{"Bitters|", "Gin| 3 Ounces", "Lemon Juice| 25 Dashes"};
+    QTest::newRow("one drink, bar; a dash too small has no amount")
+        << QList<qint32>{1} << 1 << 1 << QStringList{"Bitters|", "Gin| 3 Ounces", "Lemon Juice| 25 Dashes"};
     QTest::newRow("sums across drinks, zero left out")
         << QList<qint32>{1, 2, 4} << 10 << 1
         << QStringList{"Bitters| 11 Dashes", "Gin| 2 Fifths", "Lemon Juice| 2 Pints", "Lime Juice| 6 Ounces",
                        "Vodka| 2 Pints"};
-    QTest::newRow("metric") << QList<qint32>{4} << 20 << 3
-                            << QStringList{"Lemon Juice| 592 ml", "Vodka| 2 Liters"};
+    QTest::newRow("metric") << QList<qint32>{4} << 20 << 3 << QStringList{"Lemon Juice| 592 ml", "Vodka| 2 Liters"};
     QTest::newRow("a drink twice counts twice")
         << QList<qint32>{4, 4} << 4 << 2 << QStringList{"Lemon Juice| 9 Ounces", "Vodka| 3 Cups"};
     QTest::newRow("no lines") << QList<qint32>{3} << 5 << 1 << QStringList{};
@@ -125,8 +124,8 @@ void tst_ShoppingList::generate()
     // What an earlier list left behind is replaced.
     t.store().execute(QStringLiteral("INSERT INTO tmp_ShopList (id) VALUES (2), (2)"));
     QStringList stages;
-    const auto rows = ShoppingList::Generate(t.store(), {ids.begin(), ids.end()}, n, family,
-                                             [&](const QString &s) { stages << s; });
+    const auto rows =
+        ShoppingList::Generate(t.store(), {ids.begin(), ids.end()}, n, family, [&](const QString &s) { stages << s; });
     QCOMPARE(texts(rows), expected);
     // The same ingredients as the store's saved query gives.
     QStringList saved;
@@ -147,11 +146,10 @@ void tst_ShoppingList::roundTrip_data()
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QString>("number");
     QTest::addColumn<QByteArray>("bytes"); // "" when only the round trip is checked
-    QTest::newRow("accent in windows-1252")
-        << QStringList{QStringLiteral("Caf\u00e9 Royal")} << "2"
-        << QByteArray("Selected Drinks:\r\nCaf\xe9 Royal\r\nNum Drinks:\r\n2\r\n");
-    QTest::newRow("no drinks, number as typed") << QStringList{} << "abc"
-                                                << QByteArray("Selected Drinks:\r\nNum Drinks:\r\nabc\r\n");
+    QTest::newRow("accent in windows-1252") << QStringList{QStringLiteral("Caf\u00e9 Royal")} << "2"
+                                            << QByteArray("Selected Drinks:\r\nCaf\xe9 Royal\r\nNum Drinks:\r\n2\r\n");
+    QTest::newRow("no drinks, number as typed")
+        << QStringList{} << "abc" << QByteArray("Selected Drinks:\r\nNum Drinks:\r\nabc\r\n");
     QTest::newRow("quotes, blanks and emoji")
         << QStringList{QStringLiteral("  \"Hurricane\" "), QStringLiteral("Pi\u00f1a \U0001F379"), "It's"} << "2.5"
         << QByteArray();
@@ -185,11 +183,10 @@ void tst_ShoppingList::readRefusals_data()
                                       << int(S::Read) << QStringList{"Gin"} << "3";
     QTest::newRow("ends after the number line")
         << QByteArray("Selected Drinks:\r\nGin\r\nNum Drinks:\r\n") << int(S::Truncated) << QStringList{"Gin"} << "";
-    QTest::newRow("lf line ends, no last end") << QByteArray("Selected Drinks:\nGin\nNum Drinks:\n4") << int(S::Read)
-                                               << QStringList{"Gin"} << "4";
-    QTest::newRow("utf-8 from another editor")
-        << QByteArray("Selected Drinks:\r\nCaf\xc3\xa9\r\nNum Drinks:\r\n1\r\n") << int(S::Read)
-        << QStringList{QStringLiteral("Caf\u00e9")} << "1";
+    QTest::newRow("lf line ends, no last end")
+        << QByteArray("Selected Drinks:\nGin\nNum Drinks:\n4") << int(S::Read) << QStringList{"Gin"} << "4";
+    QTest::newRow("utf-8 from another editor") << QByteArray("Selected Drinks:\r\nCaf\xc3\xa9\r\nNum Drinks:\r\n1\r\n")
+                                               << int(S::Read) << QStringList{QStringLiteral("Caf\u00e9")} << "1";
     QTest::newRow("only the first number line ends the names")
         << QByteArray("Selected Drinks:\r\nNum Drinks:\r\nNum Drinks:\r\n5\r\n") << int(S::Read) << QStringList{}
         << "Num Drinks:";
@@ -239,12 +236,11 @@ void tst_ShoppingList::printLayout()
             lines << std::exchange(line, QString());
     }
     // Title, date, notice, the names, the settings, and one empty row when no list was made.
-    const QStringList expected = QStringList{"Corvane for Windows 3.0 Shopping List",
-                                             "Saturday, March 7, 2026 - 9:05:09 PM", ShopListPrint::kNotice, "",
-                                             "Selected Drinks"} +
-                                 nameLines +
-                                 QStringList{"", "", "Settings", "5:2.5 drinks using English measurements.", "", "",
-                                             "Shopping List", "5: 50:"};
+    const QStringList expected =
+        QStringList{"Corvane for Windows 3.0 Shopping List", "Saturday, March 7, 2026 - 9:05:09 PM",
+                    ShopListPrint::kNotice, "", "Selected Drinks"} +
+        nameLines +
+        QStringList{"", "", "Settings", "5:2.5 drinks using English measurements.", "", "", "Shopping List", "5: 50:"};
     QCOMPARE(lines, expected);
     QCOMPARE(pieces[0].pointSize, 18);
     // The date is centered by its text with the month as a number.

@@ -90,7 +90,8 @@ void tst_TemplateDialog::chooseAnotherTemplate()
     const CLocalConfig config;
     QCOMPARE(config.Load(modCorvane::kSettings, QStringLiteral("TemplatePath"), {}),
              templates() + QStringLiteral("Night/Night.CVT"));
-    QCOMPARE(config.Load(modCorvane::kSettings, QStringLiteral("TemplateRoot"), {}), templates() + QStringLiteral("Night/"));
+    QCOMPARE(config.Load(modCorvane::kSettings, QStringLiteral("TemplateRoot"), {}),
+             templates() + QStringLiteral("Night/"));
 }
 
 void tst_TemplateDialog::currentTemplateGone_data()

@@ -20,8 +20,9 @@ void tst_TemplateScan::scanOrder_data()
     QTest::addColumn<bool>("subdirectories");
     QTest::addColumn<QStringList>("found"); // relative path = name
     const QStringList own = {".cvt=", "b.CVT=b", "Standard.cvt=Standard"};
-    QTest::newRow("with subdirectories")
-        << true << own + QStringList{"asub/X.cvt=X", "sub/Inner.cvt=Inner", "sub/z.cvt=z", "sub/deeper/Deep.Cvt=Deep"};
+    QTest::newRow("with subdirectories") << true
+                                         << own + QStringList{"asub/X.cvt=X", "sub/Inner.cvt=Inner", "sub/z.cvt=z",
+                                                              "sub/deeper/Deep.Cvt=Deep"};
     QTest::newRow("directory alone") << false << own;
 }
 
@@ -69,9 +70,10 @@ void tst_TemplateScan::description_data()
     QTest::newRow("no tag") << QByteArray("<html><title>x</title></html>") << "";
     QTest::newRow("not closed") << QByteArray("<meta name=\"description\" content=\"runs off") << "";
     QTest::newRow("closed on a later line")
-        << QByteArray("<meta name=\"description\" content=\"one\" />\r\n<p class=\"x\">two") << "one\" />\r\n<p class=\"x";
-    QTest::newRow("entities as they stand") << QByteArray("<meta name=\"description\" content=\"Gin &amp; Tonic\">")
-                                            << "Gin &amp; Tonic";
+        << QByteArray("<meta name=\"description\" content=\"one\" />\r\n<p class=\"x\">two")
+        << "one\" />\r\n<p class=\"x";
+    QTest::newRow("entities as they stand")
+        << QByteArray("<meta name=\"description\" content=\"Gin &amp; Tonic\">") << "Gin &amp; Tonic";
     QTest::newRow("windows-1252") << QByteArray("<meta name=\"description\" content=\"Caf\xe9\">")
                                   << QStringLiteral("Caf\u00e9");
     QTest::newRow("unreadable") << QByteArray("-") << "";
