@@ -346,7 +346,8 @@ void frmShopList::Print_Click()
     }
     // The system's printers, and Qt's own printing to a PDF file.
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(QString::fromLatin1(ShopListPrint::kTitle));
+    // Also the name Qt offers when printing to a file.
+    printer.setDocName(QStringLiteral("Shopping List"));
     QPrintDialog dialog(&printer, this);
     dialog.setObjectName(QStringLiteral("dlgPrint"));
     if (dialog.exec() != QDialog::Accepted)
