@@ -92,10 +92,8 @@ class tst_ShopDialog : public QObject {
 private slots:
     void init();
     void makeSaveOpenPrint();
-    void makeListRefusals_data();
-    void makeListRefusals();
-    void openRefusals_data();
-    void openRefusals();
+    void refusals_data();
+    void refusals();
 
 private:
     std::unique_ptr<frmShopList> newDialog();
@@ -200,89 +198,65 @@ void tst_ShopDialog::makeSaveOpenPrint()
     QCOMPARE(entries(child<QTableWidget>(again.get(), "gridShopList")), QStringList{"|"});
 }
 
-void tst_ShopDialog::makeListRefusals_data()
+void tst_ShopDialog::refusals_data()
 {
-    QTest::addColumn<QString>("number");
-    QTest::addColumn<bool>("chooseDrink");
-    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("number");     // typed before Make List; "" when a file is opened
+    QTest::addColumn<QByteArray>("file");    // opened, "-" for a missing one; "" when none
+    QTest::addColumn<QString>("message");    // %1: the file's path
+    QTest::addColumn<QStringList>("chosen"); // the selection afterwards
     QTest::addColumn<QStringList>("grid");
-    const QString noDrinks = QStringLiteral("Corvane|Please select the drinks you want the shopping list for.");
     const QString badNumber =
         QStringLiteral("Corvane|Please enter a number greater than or equal to 1 for the number of drinks to make.");
-    QTest::newRow("no drink chosen") << "5" << false << noDrinks << QStringList{"Gin| 2 Fifths"};
-    QTest::newRow("zero") << "0" << true << badNumber << QStringList{"|"};
-    QTest::newRow("empty") << "" << true << badNumber << QStringList{"|"};
-    QTest::newRow("letters in front") << "x3" << true << badNumber << QStringList{"|"};
-    QTest::newRow("2.5 is 2") << "2.5" << true << "" << QStringList{"Gin| 5 Ounces"};
-    QTest::newRow("3.5 is 4") << "3.5" << true << "" << QStringList{"Gin| 9 Ounces"};
+    const QStringList fizz{"Gin Fizz"}, made{"Gin| 2 Fifths"}, blank{"|"};
+    QTest::newRow("zero") << "0" << QByteArray() << badNumber << fizz << blank;
+    QTest::newRow("empty") << "" << QByteArray() << badNumber << fizz << blank;
+    QTest::newRow("letters in front") << "x3" << QByteArray() << badNumber << fizz << blank;
+    QTest::newRow("2.5 is 2") << "2.5" << QByteArray() << "" << fizz << QStringList{"Gin| 5 Ounces"};
+    QTest::newRow("3.5 is 4") << "3.5" << QByteArray() << "" << fizz << QStringList{"Gin| 9 Ounces"};
+    QTest::newRow("missing file") << "" << QByteArray("-") << "Shopping List|The file '%1' Could not be found." << fizz
+                                  << made;
+    QTest::newRow("not a list") << "" << QByteArray("Drinks:\r\nGin Sour\r\n")
+                                << "Shopping List|This file is not in the correct format for a saved shopping list."
+                                << fizz << made;
+    QTest::newRow("list ends before its number")
+        << "" << QByteArray("Selected Drinks:\r\n  Gin Sour \r\nNo Such Drink\r\n") << "" << QStringList{"Gin Sour"}
+        << blank;
 }
 
-void tst_ShopDialog::makeListRefusals()
+void tst_ShopDialog::refusals()
 {
     QFETCH(QString, number);
-    QFETCH(bool, chooseDrink);
-    QFETCH(QString, message);
-    QFETCH(QStringList, grid);
-    auto dlg = newDialog();
-    auto *source = child<QListWidget>(dlg.get(), "SourceList");
-    auto *make = child<QPushButton>(dlg.get(), "MakeList");
-    auto *table = child<QTableWidget>(dlg.get(), "gridShopList");
-    // A list made before, to see what the refusal leaves of it.
-    selectByName(source, {"Gin Fizz"});
-    child<QPushButton>(dlg.get(), "Add")->click();
-    child<QLineEdit>(dlg.get(), "NumDrinks")->setText(QStringLiteral("20"));
-    make->click();
-    QCOMPARE(entries(table), QStringList{"Gin| 2 Fifths"});
-    if (!chooseDrink)
-        child<QPushButton>(dlg.get(), "RemoveAll")->click();
-
-    child<QLineEdit>(dlg.get(), "NumDrinks")->setText(number);
-    QString seen;
-    if (!message.isEmpty())
-        answerLaterMessage(dlg.get(), &seen);
-    make->click();
-    QCOMPARE(seen, message);
-    QCOMPARE(entries(table), grid);
-}
-
-void tst_ShopDialog::openRefusals_data()
-{
-    QTest::addColumn<QByteArray>("bytes"); // "-": no file
-    QTest::addColumn<QString>("message");  // %1: the path
-    QTest::addColumn<QStringList>("chosen");
-    QTest::addColumn<QString>("number");
-    QTest::newRow("missing") << QByteArray("-") << "Shopping List|The file '%1' Could not be found."
-                             << QStringList{"Gin Sour"} << "7";
-    QTest::newRow("not a list") << QByteArray("Drinks:\r\nGin Fizz\r\n")
-                                << "Shopping List|This file is not in the correct format for a saved shopping list."
-                                << QStringList{"Gin Sour"} << "7";
-    QTest::newRow("ends before its number")
-        << QByteArray("Selected Drinks:\r\n  Gin Fizz \r\nNo Such Drink\r\n") << "" << QStringList{"Gin Fizz"} << "7";
-}
-
-void tst_ShopDialog::openRefusals()
-{
-    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, file);
     QFETCH(QString, message);
     QFETCH(QStringList, chosen);
-    QFETCH(QString, number);
+    QFETCH(QStringList, grid);
+    // A list made before, to see what each refusal leaves of it.
+    auto dlg = newDialog();
+    selectByName(child<QListWidget>(dlg.get(), "SourceList"), {"Gin Fizz"});
+    child<QPushButton>(dlg.get(), "Add")->click();
+    auto *num = child<QLineEdit>(dlg.get(), "NumDrinks");
+    num->setText(QStringLiteral("20"));
+    child<QPushButton>(dlg.get(), "MakeList")->click();
+
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("saved.LST"));
-    if (bytes != "-")
-        QVERIFY(writeFile(path, bytes));
-    auto dlg = newDialog();
-    selectByName(child<QListWidget>(dlg.get(), "SourceList"), {"Gin Sour"});
-    child<QPushButton>(dlg.get(), "Add")->click();
-    child<QLineEdit>(dlg.get(), "NumDrinks")->setText(QStringLiteral("7"));
-
     QString title, seen;
-    answerNextFileDialog(dlg.get(), path, &title);
+    if (file.isEmpty()) {
+        num->setText(number);
+    } else {
+        if (file != "-")
+            QVERIFY(writeFile(path, file));
+        answerNextFileDialog(dlg.get(), path, &title);
+    }
     if (!message.isEmpty())
         answerLaterMessage(dlg.get(), &seen);
-    child<QPushButton>(dlg.get(), "Command1")->click();
+    child<QPushButton>(dlg.get(), file.isEmpty() ? "MakeList" : "Command1")->click();
     QCOMPARE(seen, message.contains(u'%') ? message.arg(path) : message);
     QCOMPARE(entries(child<QListWidget>(dlg.get(), "SelectedList")), chosen);
-    QCOMPARE(child<QLineEdit>(dlg.get(), "NumDrinks")->text(), number);
+    QCOMPARE(entries(child<QTableWidget>(dlg.get(), "gridShopList")), grid);
+    // A list that is not read leaves the number as it was.
+    if (!file.isEmpty())
+        QCOMPARE(num->text(), QStringLiteral("20"));
 }
 
 QTEST_MAIN(tst_ShopDialog)
