@@ -18,6 +18,8 @@
 #include "pricing/frmDrinkPrices.h"
 #include "printing/frmPrint.h"
 #include "search/SearchDialogs.h"
+#include "shopping/frmShopList.h"
+#include "templates/frmTemplates.h"
 #include "shell/CommandPanels.h"
 #include "shell/ListController.h"
 #include "shell/MainScheme.h"
@@ -159,6 +161,12 @@ void frmMain::RunCommand(int command)
             }
             break;
         }
+        case 502: {
+            frmShopList dlg(*m_store, this);
+            dlg.Setup(*m_listModel);
+            dlg.exec();
+            break;
+        }
         case 503: {
             frmIngMaint dlg(*m_store, this);
             dlg.exec();
@@ -199,6 +207,12 @@ void frmMain::RunCommand(int command)
             frmColorScheme dlg(*m_store, state, this);
             dlg.exec();
             ApplySchemeToMain(this);
+            ShowSelectedDrink();
+            break;
+        }
+        case 510: {
+            frmTemplates dlg(*m_facade, this);
+            dlg.exec();
             ShowSelectedDrink();
             break;
         }

@@ -1,0 +1,124 @@
+// The template chooser driven as a user drives it: the page changes with the chosen template,
+// and the choice is kept for the next start.
+#include "GuiTest.h"
+#include "ShownDrinks.h"
+#include "TestFiles.h"
+#include "TestStore.h"
+#include "base/AppPaths.h"
+#include "base/CLocalConfig.h"
+#include "base/modCorvane.h"
+#include "presentation/CDrinkFacade.h"
+#include "templates/frmTemplates.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QListWidget>
+
+class tst_TemplateDialog : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+    void chooseAnotherTemplate();
+    void currentTemplateGone_data();
+    void currentTemplateGone();
+
+private:
+    QString templates() const { return m_book->appDir() + QStringLiteral("/Templates/"); }
+    void screenshot(QWidget *w, const QString &name);
+
+    std::unique_ptr<TestStore> m_book;
+    std::unique_ptr<CDrinkFacade> m_facade;
+};
+
+void tst_TemplateDialog::init()
+{
+    m_book = std::make_unique<TestStore>(shownDrinksRows());
+    AppPaths::setAppDir(m_book->appDir());
+    const QString root = templates();
+    QVERIFY(QDir().mkpath(root + QStringLiteral("Night")));
+    QVERIFY(QDir().mkpath(root + QStringLiteral("Old")));
+    QVERIFY(writeFile(root + QStringLiteral("Standard.cvt"),
+                      "<html><head><meta name=\"description\" content=\"The everyday page\"></head>"
+                      "<body>DAY PAGE</body></html>"));
+    QVERIFY(writeFile(root + QStringLiteral("Night/Night.CVT"),
+                      "<html><head><meta name=\"description\" content=\"Light on dark &amp; large\"></head>"
+                      "<body>NIGHT PAGE</body></html>"));
+    QVERIFY(writeFile(root + QStringLiteral("Old/Standard.cvt"), "<html>OLD PAGE</html>"));
+    QVERIFY(writeFile(root + QStringLiteral("notes.txt"), "not a template"));
+    m_facade = std::make_unique<CDrinkFacade>(m_book->store(), m_book->appDir());
+    m_facade->setCurrentHTMLTemplatePath(root + QStringLiteral("Standard.cvt"));
+    m_facade->setCurrentHTMLTemplateRoot(root);
+}
+
+void tst_TemplateDialog::cleanup()
+{
+    m_facade.reset();
+    m_book.reset();
+}
+
+void tst_TemplateDialog::screenshot(QWidget *w, const QString &name)
+{
+    if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
+        w->grab().save(qEnvironmentVariable("CORVANE_SCREENSHOTS") + u'/' + name + QStringLiteral(".png"));
+}
+
+void tst_TemplateDialog::chooseAnotherTemplate()
+{
+    QVERIFY(m_facade->drinkAsHTML(5).contains(QStringLiteral("DAY PAGE")));
+    frmTemplates dlg(*m_facade);
+    dlg.show();
+    auto *list = child<QListWidget>(&dlg, "lstTemplates");
+    QStringList names;
+    for (int i = 0; i < list->count(); ++i)
+        names << list->item(i)->text();
+    QCOMPARE(names, (QStringList{"Night", "Standard", "Standard"}));
+    // Two of the current name: the later one found, in the subdirectory, is selected.
+    QCOMPARE(child<QLabel>(&dlg, "lblLocation")->text(), templates() + QStringLiteral("Old/Standard.cvt"));
+    QCOMPARE(child<QLabel>(&dlg, "lblDesc")->text(), QString());
+
+    list->setCurrentRow(0);
+    QCOMPARE(child<QLabel>(&dlg, "lblLocation")->text(), templates() + QStringLiteral("Night/Night.CVT"));
+    QCOMPARE(child<QLabel>(&dlg, "lblDesc")->text(), QStringLiteral("Light on dark &amp; large"));
+    screenshot(&dlg, QStringLiteral("templates"));
+    child<QPushButton>(&dlg, "cmdSave")->click();
+    QCOMPARE(dlg.result(), int(QDialog::Accepted));
+
+    QCOMPARE(m_facade->currentHTMLTemplatePath(), templates() + QStringLiteral("Night/Night.CVT"));
+    QCOMPARE(m_facade->currentHTMLTemplateRoot(), templates() + QStringLiteral("Night/"));
+    QVERIFY(m_facade->drinkAsHTML(5).contains(QStringLiteral("NIGHT PAGE")));
+    const CLocalConfig config;
+    QCOMPARE(config.Load(modCorvane::kSettings, QStringLiteral("TemplatePath"), {}),
+             templates() + QStringLiteral("Night/Night.CVT"));
+    QCOMPARE(config.Load(modCorvane::kSettings, QStringLiteral("TemplateRoot"), {}),
+             templates() + QStringLiteral("Night/"));
+}
+
+void tst_TemplateDialog::currentTemplateGone_data()
+{
+    QTest::addColumn<QString>("current");
+    QTest::newRow("removed file") << "Gone.cvt";
+    QTest::newRow("other letter case") << "standard.cvt";
+}
+
+void tst_TemplateDialog::currentTemplateGone()
+{
+    QFETCH(QString, current);
+    m_facade->setCurrentHTMLTemplatePath(templates() + current);
+    frmTemplates dlg(*m_facade);
+    dlg.show();
+    QVERIFY(child<QListWidget>(&dlg, "lstTemplates")->selectedItems().isEmpty());
+    QCOMPARE(child<QLabel>(&dlg, "lblLocation")->text(), QStringLiteral("Location"));
+    QCOMPARE(child<QLabel>(&dlg, "lblDesc")->text(), QStringLiteral("Description"));
+    QString seen;
+    answerNextMessage(&dlg, &seen);
+    child<QPushButton>(&dlg, "cmdSave")->click();
+    QCOMPARE(seen, QStringLiteral("Corvane|Please select a template to use."));
+    QVERIFY(dlg.isVisible());
+    QCOMPARE(CLocalConfig().Load(modCorvane::kSettings, QStringLiteral("TemplatePath"), "-"), QStringLiteral("-"));
+    child<QPushButton>(&dlg, "cmdCancel")->click();
+    QCOMPARE(dlg.result(), int(QDialog::Rejected));
+}
+
+QTEST_MAIN(tst_TemplateDialog)
+#include "tst_templatedialog.moc"

@@ -1,0 +1,99 @@
+// Finding the page templates below a directory, their names and descriptions.
+#include "TestFiles.h"
+#include "templates/TemplateScan.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class tst_TemplateScan : public QObject {
+    Q_OBJECT
+private slots:
+    void scanOrder_data();
+    void scanOrder();
+    void description_data();
+    void description();
+};
+
+void tst_TemplateScan::scanOrder_data()
+{
+    QTest::addColumn<bool>("subdirectories");
+    QTest::addColumn<QStringList>("found"); // relative path = name
+    const QStringList own = {".cvt=", "b.CVT=b", "Standard.cvt=Standard"};
+    QTest::newRow("with subdirectories") << true
+                                         << own + QStringList{"asub/X.cvt=X", "sub/Inner.cvt=Inner", "sub/z.cvt=z",
+                                                              "sub/deeper/Deep.Cvt=Deep"};
+    QTest::newRow("directory alone") << false << own;
+}
+
+void tst_TemplateScan::scanOrder()
+{
+    QFETCH(bool, subdirectories);
+    QFETCH(QStringList, found);
+    QTemporaryDir dir;
+    const QString root = dir.path() + QStringLiteral("/Templates");
+    for (const char *file : {"Standard.cvt", "b.CVT", ".cvt", "readme.txt", "old.cvt.bak", "cvt", "sub/z.cvt",
+                             "sub/Inner.cvt", "sub/deeper/Deep.Cvt", "asub/X.cvt", "empty/"}) {
+        const QString path = root + u'/' + QString::fromLatin1(file);
+        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+        if (!path.endsWith(u'/'))
+            QVERIFY(writeFile(path, "<html></html>"));
+    }
+    // A directory whose name looks like a template is no template.
+    QVERIFY(QDir().mkpath(root + QStringLiteral("/dir.cvt")));
+
+    TemplateList records;
+    ScanTemplates(root, subdirectories, records);
+    QStringList seen;
+    for (const TemplateRecord &r : records) {
+        QVERIFY(r.path.startsWith(root + u'/'));
+        seen << r.path.mid(root.size() + 1) + u'=' + r.name;
+    }
+    QCOMPARE(seen, found);
+
+    // The same with the separator already at the end; nothing below a missing directory.
+    TemplateList again;
+    ScanTemplates(root + u'/', subdirectories, again);
+    QCOMPARE(again.size(), records.size());
+    TemplateList none;
+    ScanTemplates(dir.path() + QStringLiteral("/missing"), true, none);
+    QVERIFY(none.empty());
+}
+
+void tst_TemplateScan::description_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // "-": no file
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("plain") << QByteArray("<head><meta name=\"description\" content=\"Big pictures\"></head>")
+                           << "Big pictures";
+    QTest::newRow("any letter case") << QByteArray("<META NAME=\"Description\" CONTENT=\"Plain\">") << "Plain";
+    QTest::newRow("no tag") << QByteArray("<html><title>x</title></html>") << "";
+    QTest::newRow("not closed") << QByteArray("<meta name=\"description\" content=\"runs off") << "";
+    QTest::newRow("closed on a later line")
+        << QByteArray("<meta name=\"description\" content=\"one\" />\r\n<p class=\"x\">two")
+        << "one\" />\r\n<p class=\"x";
+    QTest::newRow("entities as they stand")
+        << QByteArray("<meta name=\"description\" content=\"Gin &amp; Tonic\">") << "Gin &amp; Tonic";
+    QTest::newRow("windows-1252") << QByteArray("<meta name=\"description\" content=\"Caf\xe9\">")
+                                  << QStringLiteral("Caf\u00e9");
+    QTest::newRow("unreadable") << QByteArray("-") << "";
+}
+
+void tst_TemplateScan::description()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, expected);
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("t.cvt"));
+    if (bytes != "-")
+        QVERIFY(writeFile(path, bytes));
+    QCOMPARE(GetTemplateDescription(path), expected);
+    // An unreadable template is still listed.
+    TemplateList records;
+    AddTemplate(path, records);
+    QCOMPARE(records.size(), std::size_t(1));
+    QCOMPARE(records[0].description, expected);
+}
+
+QTEST_GUILESS_MAIN(tst_TemplateScan)
+#include "tst_templatescan.moc"
