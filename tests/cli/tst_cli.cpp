@@ -6,6 +6,7 @@
 #include "exchange/ExportFile.h"
 #include "presentation/CDrinkFacade.h"
 #include "pricing/PriceBatch.h"
+#include "shopping/ShopListFile.h"
 #include "store/DrinkStore.h"
 
 #include <QJsonArray>
@@ -80,6 +81,7 @@ private slots:
     void backupWhileAnotherCopyWrites();
     void cabinetTicksThenAnswers();
     void printsCardsToPdf();
+    void shoppingListSavedForTheWindow();
     void checkNamesEachProblem();
     void freshDirectoryIsFilledLikeTheWindows();
 };
@@ -133,6 +135,8 @@ void tst_Cli::commands_data()
     row("cabinet next, ties by name", "cabinet|next", 0, "1\tGin\t1\t1\t20\n3\tRum\t1\t1\t15\n2\tLime\t0\t2\t0.5\n");
     row("cabinet tick unknown", "cabinet|tick|Gin|Sloe \"Gin\"", 1, "", "No ingredient is named \"Sloe \"Gin\"\"; nothing was changed.");
     row("cabinet missing 3", "cabinet|near|--missing|3", 2, "", "--missing takes 1 or 2");
+    row("shopping, no number", "shopping|--ids|1|--drinks|none", 1, "", "Please enter a number greater than or equal to 1");
+    row("shopping, unknown family", "shopping|--ids|1|--family|imperial", 2, "", "--family takes 1");
     row("no command", "", 2, "", "no command");
     row("unknown command", "brew", 2, "", "unknown command \"brew\"");
 }
@@ -421,6 +425,20 @@ void tst_Cli::printsCardsToPdf()
                              QStringLiteral("--pdf"), pdf}, ts.appDir());
     QCOMPARE(unknown.code, 1);
     QVERIFY2(unknown.err.contains(QStringLiteral("There is no print layout \"Menu \"A\"\"")), qPrintable(unknown.err));
+}
+
+void tst_Cli::shoppingListSavedForTheWindow()
+{
+    TestStore ts(kRows);
+    const QString lst = ts.appDir() + QStringLiteral("/tonight.LST");
+    const Run r = cli(words("shopping|--ids|1,3|--drinks|8|--family|bar|--out|") << lst, ts.appDir());
+    QCOMPARE(r.err, QString());
+    // Eight of each: 16 ounces of every bottle, which the bar family buys as 17 Ounces.
+    QCOMPARE(r.out, QStringLiteral("Gin\t17 Ounces\nLime\t17 Ounces\nRum\t17 Ounces\n"));
+    const ShopListFile::Content saved = ShopListFile::Read(lst);
+    QCOMPARE(int(saved.status), int(ShopListFile::Status::Read));
+    QCOMPARE(saved.drinkNames, QStringList({QStringLiteral("Éclair"), QStringLiteral("Zombie")}));
+    QCOMPARE(saved.numDrinks, QStringLiteral("8"));
 }
 
 void tst_Cli::checkNamesEachProblem()
