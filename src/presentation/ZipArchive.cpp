@@ -114,31 +114,22 @@ QStringList ZipArchive::memberNames() const
     return names;
 }
 
-int ZipArchive::extract(const QString &member, const QString &dir)
+int ZipArchive::readMember(const QString &member, bool plainNameOnly, const std::function<bool(const char *, qsizetype)> &sink)
 {
     m_error = NoError;
     m_errorString.clear();
     if (!m_zip)
         return failCode(NotOpen, QStringLiteral("no archive is open"));
-    const zip_int64_t index =
-        isPlainName(member) ? zip_name_locate(m_zip, member.toUtf8().constData(), ZIP_FL_NOCASE) : -1;
+    const zip_int64_t index = !plainNameOnly || isPlainName(member)
+                                  ? zip_name_locate(m_zip, member.toUtf8().constData(), ZIP_FL_NOCASE)
+                                  : -1;
     if (index < 0)
         return failCode(MemberMissing, QStringLiteral("%1: no such member").arg(member));
-
     zip_file_t *in = zip_fopen_index(m_zip, zip_uint64_t(index), 0);
     if (!in) {
         const int code = zip_error_code_zip(zip_get_error(m_zip));
         zip_error_clear(m_zip);
         return failCode(readError(code), QStringLiteral("%1: %2").arg(member, libzipText(code)));
-    }
-    // Written aside and renamed, so a member that fails half-way leaves the old file alone. An
-    // extracted picture is a scratch copy: it is not flushed to the disk, which would cost the
-    // page more than everything else it does.
-    const QString target = dir + '/' + member;
-    QTemporaryFile out(target + QStringLiteral(".XXXXXX"));
-    if (!out.open()) {
-        zip_fclose(in);
-        return failCode(WriteFailed, out.errorString());
     }
     char buffer[65536];
     for (;;) {
@@ -150,12 +141,30 @@ int ZipArchive::extract(const QString &member, const QString &dir)
         }
         if (n == 0)
             break;
-        if (out.write(buffer, n) != n) {
+        if (!sink(buffer, qsizetype(n))) {
             zip_fclose(in);
-            return failCode(WriteFailed, out.errorString());
+            return m_error;
         }
     }
     zip_fclose(in);
+    return NoError;
+}
+
+int ZipArchive::extract(const QString &member, const QString &dir)
+{
+    // Written aside and renamed, so a member that fails half-way leaves the old file alone. An
+    // extracted picture is a scratch copy: it is not flushed to the disk, which would cost the
+    // page more than everything else it does.
+    const QString target = dir + '/' + member;
+    QTemporaryFile out(target + QStringLiteral(".XXXXXX"));
+    const auto opened = [&] { return out.isOpen() || out.open() || failCode(WriteFailed, out.errorString()) == NoError; };
+    const int read = readMember(member, true, [&](const char *data, qsizetype n) {
+        return opened() && (out.write(data, n) == n || failCode(WriteFailed, out.errorString()) == NoError);
+    });
+    if (read != NoError)
+        return read;
+    if (!opened()) // an empty member
+        return m_error;
     out.close();
     QFile::remove(target);
     if (!out.rename(target))
@@ -167,34 +176,13 @@ int ZipArchive::extract(const QString &member, const QString &dir)
 int ZipArchive::read(const QString &member, QByteArray *data)
 {
     data->clear();
-    m_error = NoError;
-    m_errorString.clear();
-    if (!m_zip)
-        return failCode(NotOpen, QStringLiteral("no archive is open"));
-    const zip_int64_t index = zip_name_locate(m_zip, member.toUtf8().constData(), ZIP_FL_NOCASE);
-    if (index < 0)
-        return failCode(MemberMissing, QStringLiteral("%1: no such member").arg(member));
-    zip_file_t *in = zip_fopen_index(m_zip, zip_uint64_t(index), 0);
-    if (!in) {
-        const int code = zip_error_code_zip(zip_get_error(m_zip));
-        zip_error_clear(m_zip);
-        return failCode(readError(code), QStringLiteral("%1: %2").arg(member, libzipText(code)));
-    }
-    char buffer[65536];
-    for (;;) {
-        const zip_int64_t n = zip_fread(in, buffer, sizeof buffer);
-        if (n < 0) {
-            const int code = zip_error_code_zip(zip_file_get_error(in));
-            zip_fclose(in);
-            data->clear();
-            return failCode(readError(code), QStringLiteral("%1: %2").arg(member, libzipText(code)));
-        }
-        if (n == 0)
-            break;
-        data->append(buffer, qsizetype(n));
-    }
-    zip_fclose(in);
-    return NoError;
+    const int read = readMember(member, false, [data](const char *chunk, qsizetype n) {
+        data->append(chunk, n);
+        return true;
+    });
+    if (read != NoError)
+        data->clear();
+    return read;
 }
 
 bool ZipArchive::addData(const QString &member, const QByteArray &data, Compression compression)

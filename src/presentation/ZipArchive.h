@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -63,6 +65,9 @@ class ZipArchive {
   private:
     bool fail(Error error, const QString &text);
     int failCode(Error error, const QString &text);
+    // Reads a member chunk by chunk into the sink; a sink that returns false stops the read
+    // with the error it set. Only plain names (no folder) when plainNameOnly.
+    int readMember(const QString &member, bool plainNameOnly, const std::function<bool(const char *, qsizetype)> &sink);
 
     zip *m_zip = nullptr;
     QByteArray m_password;
