@@ -15,12 +15,10 @@ class TestPrintLayout : public QObject {
     void fontText();
     void lengths_data();
     void lengths();
-    void cells_data();
-    void cells();
+    void grid_data();
+    void grid();
     void pages_data();
     void pages();
-    void pagePreview_data();
-    void pagePreview();
     void saveAndLoad();
 };
 
@@ -90,28 +88,29 @@ void TestPrintLayout::lengths()
              out);
 }
 
-void TestPrintLayout::cells_data()
+void TestPrintLayout::grid_data()
 {
     QTest::addColumn<QStringList>("settings"); // rows, cols, row spacing, col spacing, margin, metric
     QTest::addColumn<QList<float>>("page");    // width, height, printable width, printable height
     QTest::addColumn<int>("cellIndex");
     QTest::addColumn<QList<float>>("cell"); // left, top, right, bottom
     QTest::addColumn<QList<float>>("card"); // CardWidth, CardHeight
+    QTest::addColumn<int>("lines");         // of the page preview
 
     const QList<float> letter{12240, 15840, 12240, 15840};
-    QTest::newRow("2x2 first") << QStringList{"2", "2", "0.25", "0.25", "1.0", ""} << letter << 0
-                               << QList<float>{1440, 1440, 5940, 7740} << QList<float>{4500, 6300};
+    QTest::newRow("one card") << QStringList{"1", "1", "0", "0", "1.0", ""} << letter << 0
+                              << QList<float>{1440, 1440, 10800, 14400} << QList<float>{9360, 12960} << 0;
     QTest::newRow("2x2 last") << QStringList{"2", "2", "0.25", "0.25", "1.0", ""} << letter << 3
-                              << QList<float>{6300, 8100, 10800, 14400} << QList<float>{4500, 6300};
+                              << QList<float>{6300, 8100, 10800, 14400} << QList<float>{4500, 6300} << 8;
     // Millimetres, and a printable part 300 twips in from each side of the paper.
     const QList<float> bordered{11906, 16838, 11306, 16238};
     QTest::newRow("metric 3x1 last") << QStringList{"3", "1", "5", "0", "10", "m"} << bordered << 2
                                      << QList<float>{267, 10925.333f, 11039, 15971}
-                                     << QList<float>{11906 - 1134, (16838 - 1134 - 567) / 3.0f};
+                                     << QList<float>{11906 - 1134, (16838 - 1134 - 567) / 3.0f} << 6;
     // Landscape: the device reports its paper turned; the card size turns the paper itself.
     QTest::newRow("landscape 1x3 last") << QStringList{"1", "3", "0", "0.1", "0.5", "", "land"}
                                         << QList<float>{15840, 12240, 15840, 12240} << 2
-                                        << QList<float>{10416, 720, 15120, 11520} << QList<float>{4704, 10800};
+                                        << QList<float>{10416, 720, 15120, 11520} << QList<float>{4704, 10800} << 6;
 }
 
 static PrintLayoutSettings layoutFrom(const QStringList &s)
@@ -127,13 +126,14 @@ static PrintLayoutSettings layoutFrom(const QStringList &s)
     return layout;
 }
 
-void TestPrintLayout::cells()
+void TestPrintLayout::grid()
 {
     QFETCH(QStringList, settings);
     QFETCH(QList<float>, page);
     QFETCH(int, cellIndex);
     QFETCH(QList<float>, cell);
     QFETCH(QList<float>, card);
+    QFETCH(int, lines);
     const PrintLayoutSettings layout = layoutFrom(settings);
     const PageMetrics metrics{page[0], page[1], page[2], page[3]};
     const std::vector<CardCell> cells = CardGrid::NewPage(layout, metrics);
@@ -142,10 +142,31 @@ void TestPrintLayout::cells()
     const QList<float> got{c.Left, c.Top, c.Right, c.Bottom};
     for (int i = 0; i < 4; ++i)
         QVERIFY2(qAbs(got[i] - cell[i]) < 0.05f, qPrintable(QStringLiteral("side %1: %2").arg(i).arg(got[i])));
-    // The preview's card is measured on the paper as it stands upright.
+    // The previews measure the paper as it stands upright.
     const PageMetrics upright{std::min(page[0], page[1]), std::max(page[0], page[1]), 0, 0};
     QVERIFY(qAbs(CardGrid::CardWidth(layout, upright) - card[0]) < 0.05f);
     QVERIFY(qAbs(CardGrid::CardHeight(layout, upright) - card[1]) < 0.05f);
+
+    const float pw = 4500, ph = 3000, pixel = 15;
+    const CardGrid::PagePreview p = CardGrid::ShowPagePreview(layout, upright, pw, ph, pixel, pixel);
+    // The height alone sets the scale, with a tenth of the picture left free; the page is centred.
+    QVERIFY(qAbs(p.page.height() - 0.9 * ph) < 0.5);
+    QVERIFY(qAbs(p.page.width() / p.page.height() - page[0] / page[1]) < 1e-3);
+    QVERIFY(qAbs(p.page.center().x() - pw / 2) < 0.5 && qAbs(p.page.center().y() - ph / 2) < 0.5);
+    QVERIFY(qAbs(p.margins.top() - p.page.top() - CardGrid::ToTwips(layout.marTop, layout.metric) * p.scale) < 0.5);
+    QCOMPARE(int(p.lines.size()), lines);
+    // The lines stay one pixel inside the margins, and the last row and column end there.
+    const QRectF inner = p.margins.adjusted(pixel, pixel, -pixel, -pixel);
+    float lowest = 0, rightmost = 0;
+    for (const QLineF &line : p.lines) {
+        if (line.y1() == line.y2())
+            lowest = std::max(lowest, float(line.y1()));
+        else
+            rightmost = std::max(rightmost, float(line.x1()));
+        QVERIFY(inner.adjusted(-0.5, -0.5, 0.5, 0.5).contains(line.p1()));
+    }
+    QVERIFY(layout.rows.toInt() < 2 || qAbs(lowest - inner.bottom()) < 0.5);
+    QVERIFY(layout.cols.toInt() < 2 || qAbs(rightmost - inner.right()) < 0.5);
 }
 
 void TestPrintLayout::pages_data()
@@ -171,43 +192,6 @@ void TestPrintLayout::pages()
     QCOMPARE(CardGrid::pageCount(selected, CardGrid::CardsPerPage(layout)), pages);
     if (pages == 0 && selected > 0)
         QVERIFY(CardGrid::NewPage(layout, {12240, 15840, 12240, 15840}).empty());
-}
-
-void TestPrintLayout::pagePreview_data()
-{
-    QTest::addColumn<QStringList>("settings");
-    QTest::addColumn<int>("lines");
-    QTest::newRow("one card, no lines") << QStringList{"1", "1", "0", "0", "1.0", ""} << 0;
-    QTest::newRow("two rows") << QStringList{"2", "1", "0", "0", "1.0", ""} << 4;
-    QTest::newRow("3 rows 2 cols spaced") << QStringList{"3", "2", "0.2", "0.3", "0.5", ""} << 10;
-    QTest::newRow("landscape metric 2x3") << QStringList{"2", "3", "4", "6", "12", "m", "land"} << 10;
-}
-
-void TestPrintLayout::pagePreview()
-{
-    QFETCH(QStringList, settings);
-    QFETCH(int, lines);
-    const PrintLayoutSettings layout = layoutFrom(settings);
-    const float pw = 4500, ph = 3000, pixel = 15;
-    const CardGrid::PagePreview p = CardGrid::ShowPagePreview(layout, {12240, 15840, 0, 0}, pw, ph, pixel, pixel);
-    // The height alone sets the scale, with a tenth of the picture left free; the page is centred.
-    QVERIFY(qAbs(p.page.height() - 0.9 * ph) < 0.5);
-    QVERIFY(qAbs(p.page.width() / p.page.height() - (layout.portrait ? 8.5 / 11 : 11 / 8.5)) < 1e-3);
-    QVERIFY(qAbs(p.page.center().x() - pw / 2) < 0.5 && qAbs(p.page.center().y() - ph / 2) < 0.5);
-    QVERIFY(qAbs(p.margins.top() - p.page.top() - CardGrid::ToTwips(layout.marTop, layout.metric) * p.scale) < 0.5);
-    QCOMPARE(int(p.lines.size()), lines);
-    // The lines stay one pixel inside the margins, and the last row and column end there.
-    const QRectF inner = p.margins.adjusted(pixel, pixel, -pixel, -pixel);
-    float lowest = 0, rightmost = 0;
-    for (const QLineF &line : p.lines) {
-        if (line.y1() == line.y2())
-            lowest = std::max(lowest, float(line.y1()));
-        else
-            rightmost = std::max(rightmost, float(line.x1()));
-        QVERIFY(inner.adjusted(-0.5, -0.5, 0.5, 0.5).contains(line.p1()));
-    }
-    QVERIFY(layout.rows.toInt() < 2 || qAbs(lowest - inner.bottom()) < 0.5);
-    QVERIFY(layout.cols.toInt() < 2 || qAbs(rightmost - inner.right()) < 0.5);
 }
 
 void TestPrintLayout::saveAndLoad()

@@ -24,7 +24,6 @@ void TestPrintRun::pages_data()
     QTest::addColumn<int>("pages");
     // A full last page begins no empty one.
     QTest::newRow("one card a page") << 1 << 1 << true << 3;
-    QTest::newRow("two cards a page") << 2 << 1 << true << 2;
     QTest::newRow("three cards, one page full") << 1 << 3 << false << 1;
     QTest::newRow("four a page") << 2 << 2 << true << 1;
 }
