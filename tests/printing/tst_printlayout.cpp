@@ -202,7 +202,6 @@ void TestPrintLayout::saveAndLoad()
     saved.portrait = false;
     saved.marLeft = QStringLiteral("12.5");
     saved.rows = QStringLiteral("3");
-    saved.cols = QStringLiteral("2");
     saved.fonts[PieceIng] = FontRecord{"DejaVu Serif", 11, true, false, false, true, 0x123456};
     saved.print = {false, true, false, true, false, true};
     saved.mark = QStringLiteral("Le \"Bar\" d'Élodie 🍸");
