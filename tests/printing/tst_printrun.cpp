@@ -3,9 +3,9 @@
 #include "store/DrinkStore.h"
 
 #include "PrintBook.h"
+#include "TestFiles.h"
 #include "TestStore.h"
 
-#include <QFile>
 #include <QtTest>
 
 class TestPrintRun : public QObject {
@@ -18,32 +18,27 @@ class TestPrintRun : public QObject {
 
 void TestPrintRun::pages_data()
 {
-    QTest::addColumn<QString>("rows");
-    QTest::addColumn<QString>("cols");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("cols");
     QTest::addColumn<bool>("portrait");
     QTest::addColumn<int>("pages");
     // A full last page begins no empty one.
-    QTest::newRow("one card a page") << "1"
-                                     << "1" << true << 3;
-    QTest::newRow("two cards a page") << "2"
-                                      << "1" << true << 2;
-    QTest::newRow("three cards, one page full") << "1"
-                                                << "3" << false << 1;
-    QTest::newRow("four a page") << "2"
-                                 << "2" << true << 1;
+    QTest::newRow("one card a page") << 1 << 1 << true << 3;
+    QTest::newRow("three cards, one page full") << 1 << 3 << false << 1;
+    QTest::newRow("four a page") << 2 << 2 << true << 1;
 }
 
 void TestPrintRun::pages()
 {
-    QFETCH(QString, rows);
-    QFETCH(QString, cols);
+    QFETCH(int, rows);
+    QFETCH(int, cols);
     QFETCH(bool, portrait);
     QFETCH(int, pages);
     TestStore db(printBookSql());
     CDrinkFacade facade(db.store(), db.appDir());
     PrintLayoutSettings layout = PrintLayout::defaults();
-    layout.rows = rows;
-    layout.cols = cols;
+    layout.rows = QString::number(rows);
+    layout.cols = QString::number(cols);
     layout.portrait = portrait;
     layout.marTop = layout.marLeft = QStringLiteral("0.5");
     layout.print[checkIndex(PieceRecipe)] = true;
@@ -75,10 +70,7 @@ void TestPrintRun::cancelAndBadLayout()
     TestStore db(printBookSql());
     CDrinkFacade facade(db.store(), db.appDir());
     const QString pdf = db.appDir() + QStringLiteral("/cards.pdf");
-    QFile old(pdf);
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("before");
-    old.close();
+    QVERIFY(writeFile(pdf, "before"));
 
     PrintLayoutSettings layout = PrintLayout::defaults();
     int calls = 0;
@@ -92,9 +84,7 @@ void TestPrintRun::cancelAndBadLayout()
     QCOMPARE(result.cards, 0);
 
     // Neither run touched the file that was there.
-    QVERIFY(old.open(QIODevice::ReadOnly));
-    QCOMPARE(old.readAll(), QByteArray("before"));
-    old.close();
+    QCOMPARE(readFile(pdf), QByteArray("before"));
 
     // A file that cannot be written fails without printing.
     result =
