@@ -51,7 +51,6 @@ class UpdateIndexTest : public QObject {
             << "1/2/2026 D x u The rest" << QStringList{"2026-01-02", "D", "u", "The rest", ""};
         QTest::newRow("only the first bar splits")
             << "1/2/26 D x u A|b|c" << QStringList{"2026-01-02", "D", "u", "A", "b|c"};
-        QTest::newRow("bad date") << "Someday D x u Name|d" << QStringList{"1900-01-01", "D", "u", "Name", "d"};
         QTest::newRow("two blanks shift the fields")
             << "1/2/2026  D x u N|d" << QStringList{"2026-01-02", "P", "x", "u N", "d"};
         QTest::newRow("empty name") << "1/2/2026 D x u  | only text"
