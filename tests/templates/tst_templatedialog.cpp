@@ -18,14 +18,12 @@ class tst_TemplateDialog : public QObject {
     Q_OBJECT
 private slots:
     void init();
-    void cleanup();
     void chooseAnotherTemplate();
     void currentTemplateGone_data();
     void currentTemplateGone();
 
 private:
     QString templates() const { return m_book->appDir() + QStringLiteral("/Templates/"); }
-    void screenshot(QWidget *w, const QString &name);
 
     std::unique_ptr<TestStore> m_book;
     std::unique_ptr<CDrinkFacade> m_facade;
@@ -33,6 +31,7 @@ private:
 
 void tst_TemplateDialog::init()
 {
+    m_facade.reset(); // before the store it reads
     m_book = std::make_unique<TestStore>(shownDrinksRows());
     AppPaths::setAppDir(m_book->appDir());
     const QString root = templates();
@@ -49,18 +48,6 @@ void tst_TemplateDialog::init()
     m_facade = std::make_unique<CDrinkFacade>(m_book->store(), m_book->appDir());
     m_facade->setCurrentHTMLTemplatePath(root + QStringLiteral("Standard.cvt"));
     m_facade->setCurrentHTMLTemplateRoot(root);
-}
-
-void tst_TemplateDialog::cleanup()
-{
-    m_facade.reset();
-    m_book.reset();
-}
-
-void tst_TemplateDialog::screenshot(QWidget *w, const QString &name)
-{
-    if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
-        w->grab().save(qEnvironmentVariable("CORVANE_SCREENSHOTS") + u'/' + name + QStringLiteral(".png"));
 }
 
 void tst_TemplateDialog::chooseAnotherTemplate()
@@ -80,7 +67,8 @@ void tst_TemplateDialog::chooseAnotherTemplate()
     list->setCurrentRow(0);
     QCOMPARE(child<QLabel>(&dlg, "lblLocation")->text(), templates() + QStringLiteral("Night/Night.CVT"));
     QCOMPARE(child<QLabel>(&dlg, "lblDesc")->text(), QStringLiteral("Light on dark &amp; large"));
-    screenshot(&dlg, QStringLiteral("templates"));
+    if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
+        dlg.grab().save(qEnvironmentVariable("CORVANE_SCREENSHOTS") + QStringLiteral("/templates.png"));
     child<QPushButton>(&dlg, "cmdSave")->click();
     QCOMPARE(dlg.result(), int(QDialog::Accepted));
 
