@@ -31,41 +31,24 @@ class tst_OpenExchangeFile : public QObject {
 void tst_OpenExchangeFile::opensImportDialog_data()
 {
     QTest::addColumn<bool>("handedOver"); // to a window already running, else on its first start
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("counters"); // added|ignored after OK
-    QTest::addColumn<QString>("message");
-    QTest::newRow("first start") << false << kNewAndKnown << "1|1"
-                                 << "";
-    QTest::newRow("handed over") << true << kNewAndKnown << "1|1"
-                                 << "";
-    QTest::newRow("not an exchange file") << false << QByteArray("Shopping list\r\n") << "0|0"
-                                          << "This file is not a valid Corvane Drink Exchange file.";
+    QTest::newRow("first start") << false;
+    QTest::newRow("handed over") << true;
 }
 
 void tst_OpenExchangeFile::opensImportDialog()
 {
     QFETCH(bool, handedOver);
-    QFETCH(QByteArray, content);
-    QFETCH(QString, counters);
-    QFETCH(QString, message);
     modCorvane::state() = modCorvane::State();
     TestStore book(QString(), true);
     AppPaths::setAppDir(book.appDir());
     QTemporaryDir downloads;
     const QString file = downloads.filePath(QStringLiteral("Summer drinks (été).CVX"));
-    QVERIFY(writeFile(file, content));
+    QVERIFY(writeFile(file, kNewAndKnown));
 
     // The user reads the file the dialog opened on, presses OK, reads the counters and closes it.
-    // Message boxes have a timer of their own: the dialog's is still inside its click then.
-    QString fileShown, seenCounters, seenMessage;
+    QString fileShown, seenCounters;
     bool resultsBeforeOK = true;
-    QTimer boxes, dialog;
-    connect(&boxes, &QTimer::timeout, this, [&] {
-        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
-            seenMessage = box->text();
-            box->button(QMessageBox::Ok)->click();
-        }
-    });
+    QTimer dialog;
     connect(&dialog, &QTimer::timeout, this, [&] {
         auto *dlg = qobject_cast<frmDXImport *>(QApplication::activeModalWidget());
         if (!dlg)
@@ -77,7 +60,6 @@ void tst_OpenExchangeFile::opensImportDialog()
         seenCounters = child<QLineEdit>(dlg, "txtAdded")->text() + u'|' + child<QLineEdit>(dlg, "txtIgnored")->text();
         child<QPushButton>(dlg, "cmdCancel")->click();
     });
-    boxes.start(20);
     dialog.start(20);
 
     frmMain w;
@@ -93,11 +75,10 @@ void tst_OpenExchangeFile::opensImportDialog()
     QTRY_VERIFY(!QApplication::activeModalWidget());
     QCOMPARE(fileShown, file);
     QVERIFY(!resultsBeforeOK); // nothing is imported before the user says OK
-    QCOMPARE(seenCounters, counters);
-    QCOMPARE(seenMessage, message);
+    QCOMPARE(seenCounters, QStringLiteral("1|1"));
     // The list on screen shows what was imported.
     const QVariant newId = book.store().scalar(QStringLiteral("SELECT ID FROM Drinks WHERE Name = 'Zeppelin Fizz'"));
-    QCOMPARE(w.listModel()->rowOfId(newId.toInt()) >= 0, counters.startsWith(u'1'));
+    QVERIFY(w.listModel()->rowOfId(newId.toInt()) >= 0);
 }
 
 QTEST_MAIN(tst_OpenExchangeFile)
