@@ -35,61 +35,28 @@ QString rankingText(const std::vector<Candidate> &ranking)
 class tst_NextBottle : public QObject {
     Q_OBJECT
 private slots:
-    void init() { m_book = std::make_unique<TestStore>(nextBottleBookSql()); }
-    void cleanup() { m_book.reset(); }
-    void outlook_data();
     void outlook();
-
-private:
-    std::unique_ptr<TestStore> m_book;
 };
 
-void tst_NextBottle::outlook_data()
-{
-    QTest::addColumn<IdList>("ticks");
-    QTest::addColumn<IdList>("canMake");
-    QTest::addColumn<QString>("missingOne");
-    QTest::addColumn<QString>("missingTwo");
-    QTest::addColumn<QString>("ranking");
-
-    // Gin and Tonic, ticked twice and out of order. Rum and Vodka both unlock one drink and
-    // bring one near: the name decides. Lime Juice unlocks as many but brings none near. Cola,
-    // Soda: only near, by name.
-    QTest::newRow("ticks in any order") << IdList{5, 1, 5} << IdList{20} << "21:2 22:4 30:3"
-                                        << "25:3+9 26:2+6"
-                                        << "3:1/1 2:1/1 4:1/0 9:0/1 6:0/1";
-    // Gimlet names Lime Juice twice: one bottle short, not two.
-    QTest::newRow("empty cabinet") << IdList{} << IdList{} << "30:3"
-                                   << "20:1+5 21:2+5 22:1+4 25:3+9 26:2+6"
-                                   << "3:1/1 1:0/2 5:0/2 2:0/2 9:0/1 4:0/1 6:0/1";
-    QTest::newRow("a mojito bar") << IdList{3, 4, 6, 7, 8} << IdList{23, 30} << "22:1 24:9 25:9 26:2"
-                                  << "20:1+5 21:2+5"
-                                  << "9:2/0 1:1/1 2:1/1 5:0/2";
-    QTest::newRow("one short of the mojito") << IdList{3, 4, 6, 7} << IdList{30} << "22:1 23:8 24:9 25:9 26:2"
-                                             << "20:1+5 21:2+5"
-                                             << "9:2/0 1:1/1 2:1/1 8:1/0 5:0/2";
-}
-
+// Gin and Tonic owned, ticked twice and out of order. Broken, Ghost and Empty Glass are never
+// makeable, nor the lines of no drink near. Gimlet names Lime Juice twice: one bottle short, not
+// two. Rum and Vodka both unlock one drink and bring one near: the name decides. Lime Juice
+// unlocks as many but brings none near. Cola, Soda: only near, by name.
 void tst_NextBottle::outlook()
 {
-    QFETCH(IdList, ticks);
-    const Book book = LoadBook(m_book->store());
-    const Outlook seen = Look(book, {ticks.begin(), ticks.end()});
-    QFETCH(IdList, canMake);
-    QCOMPARE(IdList(seen.canMake.begin(), seen.canMake.end()), canMake);
-    QTEST(nearText(seen.missingOne), "missingOne");
-    QTEST(nearText(seen.missingTwo), "missingTwo");
-    QTEST(rankingText(seen.ranking), "ranking");
+    TestStore book(nextBottleBookSql());
+    const IdList ticks{5, 1, 5};
+    const Book loaded = LoadBook(book.store());
+    const Outlook seen = Look(loaded, {ticks.begin(), ticks.end()});
+    QCOMPARE(IdList(seen.canMake.begin(), seen.canMake.end()), IdList{20});
+    QCOMPARE(nearText(seen.missingOne), QStringLiteral("21:2 22:4 30:3"));
+    QCOMPARE(nearText(seen.missingTwo), QStringLiteral("25:3+9 26:2+6"));
+    QCOMPARE(rankingText(seen.ranking), QStringLiteral("3:1/1 2:1/1 4:1/0 9:0/1 6:0/1"));
 
     // The drinks it can make are the ones the cabinet's own scan marks for the same ticks.
-    if (!ticks.isEmpty()) {
-        LiquorCabinet::FindMatches(m_book->store(), {ticks.begin(), ticks.end()});
-        QCOMPARE(marked(m_book->store()), canMake);
-        QCOMPARE(rankingText(Look(book, StoredTicks(m_book->store())).ranking), rankingText(seen.ranking));
-    }
-    // Each candidate's unlocked drinks are the near matches it alone completes.
-    for (const Candidate &c : seen.ranking)
-        QCOMPARE(int(DrinksUnlockedBy(seen, c.ingredientId).size()), c.unlocks);
+    LiquorCabinet::FindMatches(book.store(), {ticks.begin(), ticks.end()});
+    QCOMPARE(marked(book.store()), IdList{20});
+    QCOMPARE(rankingText(Look(loaded, StoredTicks(book.store())).ranking), rankingText(seen.ranking));
 }
 
 QTEST_GUILESS_MAIN(tst_NextBottle)

@@ -2,7 +2,6 @@
 // the desktop's own validators, and the installed programs finding their delivered data.
 #include "TestFiles.h"
 
-#include <QDirIterator>
 #include <QImage>
 #include <QProcess>
 #include <QStandardPaths>
@@ -47,7 +46,6 @@ class tst_Install : public QObject {
     void initTestCase();
     void installedFiles_data();
     void installedFiles();
-    void deliveredDataComplete();
     void validators_data();
     void validators();
     void windowFillsNewApplicationDirectory();
@@ -71,7 +69,6 @@ void tst_Install::installedFiles_data()
     QTest::addColumn<QByteArrayList>("holds"); // texts the file must hold, so that the pieces name each other
     QTest::addColumn<int>("iconSize");         // a PNG of that size
     const QByteArray type = "application/x-corvane-exchange", id = kId.toUtf8();
-    QTest::newRow("program") << "bin/corvane" << QByteArrayList() << 0;
     QTest::newRow("menu entry") << "share/applications/" + kId + ".desktop"
                                 << QByteArrayList{"\nMimeType=" + type + ";\n", "\nExec=corvane %f\n",
                                                   "\nIcon=" + id + "\n"}
@@ -102,38 +99,21 @@ void tst_Install::installedFiles()
         QCOMPARE(QImage(file.filePath()).size(), QSize(iconSize, iconSize));
 }
 
-void tst_Install::deliveredDataComplete()
-{
-    const QString built = QStringLiteral(CORVANE_BUILD_DIR "/data");
-    int files = 0;
-    for (QDirIterator it(built, QDir::Files, QDirIterator::Subdirectories); it.hasNext(); ++files) {
-        const QFileInfo source(it.next());
-        const QString copy =
-            installed(QStringLiteral("share/corvane/") + QDir(built).relativeFilePath(source.filePath()));
-        QCOMPARE(QFileInfo(copy).size(), source.size());
-    }
-    QVERIFY(files > 20);
-}
-
 void tst_Install::validators_data()
 {
     QTest::addColumn<QString>("tool");
-    QTest::addColumn<QString>("package");
     QTest::addColumn<QStringList>("args");
     QTest::addColumn<QStringList>("results");  // files the tool writes,
     QTest::addColumn<QByteArrayList>("holds"); // and what each must hold
     QTest::newRow("menu entry") << "desktop-file-validate"
-                                << "desktop-file-utils"
                                 << QStringList{installed("share/applications/" + kId + ".desktop")} << QStringList()
                                 << QByteArrayList();
     QTest::newRow("metainfo") << "appstreamcli"
-                              << "appstream"
                               << QStringList{"validate", "--no-net",
                                              installed("share/metainfo/" + kId + ".metainfo.xml")}
                               << QStringList() << QByteArrayList();
     // The file type database built from what was installed knows exchange files by name and content.
-    QTest::newRow("file type") << "update-mime-database"
-                               << "shared-mime-info" << QStringList{installed("share/mime")}
+    QTest::newRow("file type") << "update-mime-database" << QStringList{installed("share/mime")}
                                << QStringList{installed("share/mime/globs2"), installed("share/mime/magic")}
                                << QByteArrayList{":application/x-corvane-exchange:*.cvx",
                                                  "Corvane Drink Exchange File"};
@@ -142,14 +122,12 @@ void tst_Install::validators_data()
 void tst_Install::validators()
 {
     QFETCH(QString, tool);
-    QFETCH(QString, package);
     QFETCH(QStringList, args);
     QFETCH(QStringList, results);
     QFETCH(QByteArrayList, holds);
     const QString program = QStandardPaths::findExecutable(tool);
     if (program.isEmpty())
-        QSKIP(qPrintable(tool + " is not installed (Debian package " + package +
-                         ", which scripts/install-deps installs)"));
+        QSKIP(qPrintable(tool + " is not installed (scripts/install-deps installs it)"));
     const Run r = run(program, args);
     QVERIFY2(r.exitCode == 0, qPrintable(r.output));
     for (qsizetype i = 0; i < results.size(); ++i)
@@ -173,7 +151,6 @@ void tst_Install::windowFillsNewApplicationDirectory()
 void tst_Install::cliListsTheBook()
 {
     const QString cli = installed(QStringLiteral("bin/corvane-cli"));
-    QVERIFY2(QFileInfo::exists(cli), "corvane-cli was not installed");
     const QString home = m_home.filePath(QStringLiteral("cli"));
     const Run r = run(cli, {QStringLiteral("list"), QStringLiteral("--view"), QStringLiteral("all")}, newUser(home));
     QVERIFY2(r.exitCode == 0, qPrintable(r.output));
