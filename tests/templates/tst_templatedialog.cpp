@@ -19,7 +19,6 @@ class tst_TemplateDialog : public QObject {
 private slots:
     void init();
     void chooseAnotherTemplate();
-    void currentTemplateGone_data();
     void currentTemplateGone();
 
 private:
@@ -67,8 +66,6 @@ void tst_TemplateDialog::chooseAnotherTemplate()
     list->setCurrentRow(0);
     QCOMPARE(child<QLabel>(&dlg, "lblLocation")->text(), templates() + QStringLiteral("Night/Night.CVT"));
     QCOMPARE(child<QLabel>(&dlg, "lblDesc")->text(), QStringLiteral("Light on dark &amp; large"));
-    if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
-        dlg.grab().save(qEnvironmentVariable("CORVANE_SCREENSHOTS") + QStringLiteral("/templates.png"));
     child<QPushButton>(&dlg, "cmdSave")->click();
     QCOMPARE(dlg.result(), int(QDialog::Accepted));
 
@@ -82,17 +79,10 @@ void tst_TemplateDialog::chooseAnotherTemplate()
              templates() + QStringLiteral("Night/"));
 }
 
-void tst_TemplateDialog::currentTemplateGone_data()
-{
-    QTest::addColumn<QString>("current");
-    QTest::newRow("removed file") << "Gone.cvt";
-    QTest::newRow("other letter case") << "standard.cvt";
-}
-
 void tst_TemplateDialog::currentTemplateGone()
 {
-    QFETCH(QString, current);
-    m_facade->setCurrentHTMLTemplatePath(templates() + current);
+    // The saved path is matched with its letter case: another case is no match.
+    m_facade->setCurrentHTMLTemplatePath(templates() + QStringLiteral("standard.cvt"));
     frmTemplates dlg(*m_facade);
     dlg.show();
     QVERIFY(child<QListWidget>(&dlg, "lstTemplates")->selectedItems().isEmpty());
