@@ -101,28 +101,24 @@ void tst_ShoppingList::roundTrip()
 void tst_ShoppingList::read_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("status");
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QString>("number");
-    using S = ShopListFile::Status;
     QTest::newRow("head with blanks, lf line ends, no last end")
-        << QByteArray("  Selected Drinks:  \nGin\n Num Drinks: \n 3 ") << int(S::Read) << QStringList{"Gin"} << "3";
+        << QByteArray("  Selected Drinks:  \nGin\n Num Drinks: \n 3 ") << QStringList{"Gin"} << "3";
     QTest::newRow("only the first number line ends the names")
-        << QByteArray("Selected Drinks:\r\nNum Drinks:\r\nNum Drinks:\r\n5\r\n") << int(S::Read) << QStringList{}
-        << "Num Drinks:";
+        << QByteArray("Selected Drinks:\r\nNum Drinks:\r\nNum Drinks:\r\n5\r\n") << QStringList{} << "Num Drinks:";
 }
 
 void tst_ShoppingList::read()
 {
     QFETCH(QByteArray, bytes);
-    QFETCH(int, status);
     QFETCH(QStringList, names);
     QFETCH(QString, number);
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("list.LST"));
     QVERIFY(writeFile(path, bytes));
     const ShopListFile::Content content = ShopListFile::Read(path);
-    QCOMPARE(int(content.status), status);
+    QCOMPARE(content.status, ShopListFile::Status::Read);
     QCOMPARE(content.drinkNames, names);
     QCOMPARE(content.numDrinks, number);
 }

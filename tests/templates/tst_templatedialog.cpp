@@ -43,7 +43,6 @@ void tst_TemplateDialog::init()
                       "<html><head><meta name=\"description\" content=\"Light on dark &amp; large\"></head>"
                       "<body>NIGHT PAGE</body></html>"));
     QVERIFY(writeFile(root + QStringLiteral("Old/Standard.cvt"), "<html>OLD PAGE</html>"));
-    QVERIFY(writeFile(root + QStringLiteral("notes.txt"), "not a template"));
     m_facade = std::make_unique<CDrinkFacade>(m_book->store(), m_book->appDir());
     m_facade->setCurrentHTMLTemplatePath(root + QStringLiteral("Standard.cvt"));
     m_facade->setCurrentHTMLTemplateRoot(root);
