@@ -107,7 +107,7 @@ void tst_ShopDialog::makeSaveOpenPrint()
     child<QPushButton>(dlg.get(), "MakeList")->click();
     QCOMPARE(entries(grid), (QStringList{"Gin| 2 Quarts", "Lemon Juice| 8 Ounces", "Vodka| 2 Cups"}));
 
-    // Saved, then an overwrite refused and one accepted.
+    // Saved; an overwrite refused leaves the file as it was.
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("party.LST"));
     ModalAnswers answers;

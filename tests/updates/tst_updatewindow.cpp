@@ -78,12 +78,20 @@ class UpdateWindowTest : public QObject {
                                            t.appDir()),
                  0);
 
-        // A second check of the same index changes nothing and keeps the statuses and ticks.
+        // A later index: a known name, in other letter case and at a new address, changes nothing and
+        // keeps its status and tick; a line with no name is passed over; a new name comes in, read
+        // as windows-1252, even with a date nobody can read.
+        server.route("/CVX/moved.txt", TestHttpServer::Serve,
+                     ("2/2/2027 D x " + server.url("/CVX/spring2.cvx") + " SPRING DRINKS|changed\r\nnonsense\r\n")
+                             .toUtf8() +
+                         "bad-date P x u Gamma\xe9|new\r\n");
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
         QTRY_VERIFY(child<QPushButton>(&dlg, "cmdDownload")->isEnabled());
-        QCOMPARE(grid->rowCount(), 3);
+        QCOMPARE(grid->rowCount(), 4);
         QCOMPARE(cell(grid, 0, frmWebImport::ColStatus), "Complete");
         QCOMPARE(cell(grid, 0, frmWebImport::ColSelect), "C");
+        QCOMPARE(cell(grid, 0, frmWebImport::ColDescription), "Harbor Light and more");
+        QCOMPARE(cell(grid, 3, frmWebImport::ColName), QStringLiteral("Gamma\u00e9"));
     }
 
     void updateServerFailures()
