@@ -106,10 +106,8 @@ void tst_ShopDialog::makeSaveOpenPrint()
     child<QRadioButton>(dlg.get(), "English")->setChecked(true);
     child<QPushButton>(dlg.get(), "MakeList")->click();
     QCOMPARE(entries(grid), (QStringList{"Gin| 2 Quarts", "Lemon Juice| 8 Ounces", "Vodka| 2 Cups"}));
-    if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
-        dlg->grab().save(qEnvironmentVariable("CORVANE_SCREENSHOTS") + QStringLiteral("/shoplist.png"));
 
-    // Saved, then an overwrite refused and one accepted.
+    // Saved; an overwrite refused leaves the file as it was.
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("party.LST"));
     ModalAnswers answers;
@@ -135,8 +133,6 @@ void tst_ShopDialog::makeSaveOpenPrint()
     dlg->setPrintFile(pdf);
     child<QPushButton>(dlg.get(), "Print")->click();
     QVERIFY(readFile(pdf).startsWith("%PDF"));
-    if (qEnvironmentVariableIsSet("CORVANE_SCREENSHOTS"))
-        QFile::copy(pdf, qEnvironmentVariable("CORVANE_SCREENSHOTS") + QStringLiteral("/shoplist.pdf"));
 
     // Opened in a fresh window: the drinks are chosen by name and the list is made again.
     auto again = newDialog();
@@ -172,7 +168,6 @@ void tst_ShopDialog::refusals_data()
         QStringLiteral("Corvane|Please enter a number greater than or equal to 1 for the number of drinks to make.");
     const QStringList fizz{"Gin Fizz"}, made{"Gin| 2 Fifths"}, blank{"|"};
     QTest::newRow("zero") << "0" << QByteArray() << badNumber << fizz << blank;
-    QTest::newRow("letters in front") << "x3" << QByteArray() << badNumber << fizz << blank;
     QTest::newRow("2.5 is 2") << "2.5" << QByteArray() << "" << fizz << QStringList{"Gin| 5 Ounces"};
     QTest::newRow("3.5 is 4") << "3.5" << QByteArray() << "" << fizz << QStringList{"Gin| 9 Ounces"};
     QTest::newRow("missing file") << "" << QByteArray("-") << "Shopping List|The file '%1' Could not be found." << fizz

@@ -21,7 +21,6 @@ class ModalAnswers : public QObject {
         m_poll.start(10);
     }
     const QStringList &seen() const { return m_seen; }
-    // What was answered since the last take.
     QStringList take() { return std::exchange(m_seen, {}); }
 
   private:

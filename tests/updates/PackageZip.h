@@ -8,8 +8,8 @@
 #include <QTemporaryDir>
 #include <zip.h>
 
-// A picture package as the maker's server hands it out: members in folders (a name ending
-// in "/" is a folder entry), each holding its own name as data, under a password.
+// A picture package as the maker's server hands it out: members in folders, each holding its
+// own name as data, under a password.
 inline QByteArray packageZip(const QStringList &members, const QByteArray &password = ArchivePasswords::ImageArchive)
 {
     QTemporaryDir dir;
@@ -20,10 +20,6 @@ inline QByteArray packageZip(const QStringList &members, const QByteArray &passw
         return {};
     for (const QString &member : members) {
         const QByteArray name = member.toUtf8();
-        if (name.endsWith('/')) {
-            zip_dir_add(zip, name.constData(), ZIP_FL_ENC_UTF_8);
-            continue;
-        }
         const QByteArray data = "picture of " + name;
         void *copy = malloc(size_t(data.size()));
         memcpy(copy, data.constData(), size_t(data.size()));

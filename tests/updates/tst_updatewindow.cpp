@@ -1,6 +1,7 @@
 #include "GuiTest.h"
 #include "ModalAnswers.h"
 #include "PackageZip.h"
+#include "TestFiles.h"
 #include "TestHttpServer.h"
 #include "TestStore.h"
 
@@ -34,7 +35,10 @@ class UpdateWindowTest : public QObject {
   private slots:
     void updateDownloadTickImport()
     {
-        TestStore t(QStringLiteral("INSERT INTO Drinks (ID, Name) VALUES (1, 'Old One');"));
+        TestStore t(QStringLiteral("INSERT INTO Drinks (ID, Name, ImageFilePath) VALUES (1, 'Old One', ''), "
+                                   "(2, 'Two', 'old'), (12, 'Twelve', '000012');"));
+        const QString archive = t.appDir() + "/Corvane.cvi";
+        QVERIFY(writeFile(archive, packageZip({"000002.jpg", "000009.jpg"})));
         TestHttpServer server;
         // The index is found behind a redirect, as a moved server would send it.
         server.route("/CVX/update.txt", TestHttpServer::Redirect, "/CVX/moved.txt");
@@ -44,7 +48,10 @@ class UpdateWindowTest : public QObject {
                       "3/16/2026 D x " + server.url("/CVX/later.cvx") + " Later|Not ticked\r\n")
                          .toUtf8());
         server.route("/CVX/spring.cvx", TestHttpServer::Serve, kCvx);
-        server.route("/CVX/pics.zip", TestHttpServer::Serve, packageZip({"pics/000001.jpg"}));
+        // Only a six-digit JPEG in a folder is a picture: 1, 2 and 4 (drink 4 does not exist).
+        server.route("/CVX/pics.zip", TestHttpServer::Serve,
+                     packageZip({"pics/000001.jpg", "pics/000002.JPG", "000003.jpg", "pics/000004.jpg",
+                                 "pics/readme.txt", "pics/12.jpg", "pics/000000.jpg"}));
 
         frmWebImport dlg(t.store(), t.appDir(), server.host());
         dlg.show();
@@ -52,10 +59,8 @@ class UpdateWindowTest : public QObject {
         auto *grid = child<QTableWidget>(&dlg, "fgUpdates");
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
         QTRY_COMPARE(grid->rowCount(), 3);
-        QVERIFY(child<QPushButton>(&dlg, "cmdDownload")->isEnabled());
         QCOMPARE(cell(grid, 0, frmWebImport::ColType), "Drinks");
         QCOMPARE(cell(grid, 1, frmWebImport::ColType), "Images");
-        QCOMPARE(cell(grid, 1, frmWebImport::ColStatus), "Available");
         QCOMPARE(cell(grid, 1, frmWebImport::ColName), "Spring pictures");
 
         // Tick the first two rows, one by mouse and one by keyboard; a second click unticks.
@@ -64,31 +69,42 @@ class UpdateWindowTest : public QObject {
         clickCell(grid, 2, frmWebImport::ColSelect);
         grid->setCurrentCell(1, frmWebImport::ColName);
         QTest::keyClick(grid, Qt::Key_Space);
-        QCOMPARE(cell(grid, 0, frmWebImport::ColSelect), "C");
-        QCOMPARE(cell(grid, 1, frmWebImport::ColSelect), "C");
-        QCOMPARE(cell(grid, 2, frmWebImport::ColSelect), "");
 
         // The window shows its messages when a transfer ends, from whatever event loop runs then.
         ModalAnswers answers;
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdImport"), Qt::LeftButton);
         QTRY_COMPARE(answers.seen(), QStringList{"Corvane|Added 1 drinks, ignored 1 drinks that you already had.\n\n"
-                                                 "Added 1 new drink images."});
+                                                 "Added 3 new drink images."});
         QCOMPARE(cell(grid, 0, frmWebImport::ColStatus), "Complete");
         QCOMPARE(cell(grid, 1, frmWebImport::ColStatus), "Complete");
         QCOMPARE(cell(grid, 2, frmWebImport::ColStatus), "Available");
         QVERIFY(dlg.addedAny());
         QCOMPARE(t.store().scalar("SELECT Count(*) FROM Drinks WHERE Name = 'Harbor Light'").toInt(), 1);
-        QCOMPARE(t.store().scalar("SELECT ImageFilePath FROM Drinks WHERE ID = 1").toString(), "000001");
-        QCOMPARE(ZipArchive::extractMember(t.appDir() + "/Corvane.cvi", ArchivePasswords::ImageArchive, "000001.jpg",
-                                           t.appDir()),
-                 0);
+        QCOMPARE(t.store().scalar("SELECT group_concat(ImageFilePath) FROM Drinks WHERE ID IN (1, 2, 12)").toString(),
+                 "000001,000002,000012");
+        ZipArchive pictures;
+        QVERIFY(pictures.open(archive, QString::fromLatin1(ArchivePasswords::ImageArchive)));
+        QStringList names = pictures.memberNames();
+        names.sort(Qt::CaseInsensitive);
+        QCOMPARE(names, (QStringList{"000001.jpg", "000002.jpg", "000004.jpg", "000009.jpg"}));
+        QByteArray data;
+        QCOMPARE(pictures.read("000002.jpg", &data), 0);
+        QCOMPARE(data, "picture of pics/000002.JPG");
 
-        // A second check of the same index changes nothing and keeps the statuses and ticks.
+        // A later index: a known name, in other letter case and at a new address, changes nothing and
+        // keeps its status and tick; a line with no name is passed over; a new name comes in, read
+        // as windows-1252, even with a date nobody can read.
+        server.route("/CVX/moved.txt", TestHttpServer::Serve,
+                     ("2/2/2027 D x " + server.url("/CVX/spring2.cvx") + " SPRING DRINKS|changed\r\nnonsense\r\n")
+                             .toUtf8() +
+                         "bad-date P x u Gamma\xe9|new\r\n");
         QTest::mouseClick(child<QPushButton>(&dlg, "cmdDownload"), Qt::LeftButton);
         QTRY_VERIFY(child<QPushButton>(&dlg, "cmdDownload")->isEnabled());
-        QCOMPARE(grid->rowCount(), 3);
+        QCOMPARE(grid->rowCount(), 4);
         QCOMPARE(cell(grid, 0, frmWebImport::ColStatus), "Complete");
         QCOMPARE(cell(grid, 0, frmWebImport::ColSelect), "C");
+        QCOMPARE(cell(grid, 0, frmWebImport::ColDescription), "Harbor Light and more");
+        QCOMPARE(cell(grid, 3, frmWebImport::ColName), QStringLiteral("Gamma\u00e9"));
     }
 
     void updateServerFailures()
