@@ -37,6 +37,7 @@ private slots:
     void roundTrip();
     void read();
     void printLayout();
+    void printToPdf();
 };
 
 void tst_ShoppingList::purchaseAmount_data()
@@ -131,6 +132,19 @@ void tst_ShoppingList::printLayout()
                                  "5:2.5 drinks using English measurements.", "", "", "Shopping List", "5: 50:"}));
     // The date is centered by its text with the month as a number.
     QCOMPARE(pieces[1].centerOn, QStringLiteral("Saturday, 3 7, 2026 - 9:05:09 PM"));
+}
+
+void tst_ShoppingList::printToPdf()
+{
+    QTemporaryDir dir;
+    ShopListPrint::Input input{{"Gin Sour"}, QStringLiteral("4"), PurchaseAmount::Bar, {}};
+    // Enough lines to run over the first page.
+    input.rows.assign(300, {QStringLiteral("Gin"), QStringLiteral(" 2 Pints")});
+    const QString path = dir.filePath(QStringLiteral("list.pdf"));
+    QCOMPARE(ShopListPrint::PrintToPdf(path, input, QDateTime::currentDateTime()), QString());
+    const QByteArray pdf = readFile(path);
+    QVERIFY(pdf.startsWith("%PDF") && pdf.count("/Type /Page") - pdf.count("/Type /Pages") >= 2);
+    QVERIFY(!ShopListPrint::PrintToPdf(dir.filePath(QStringLiteral("missing/list.pdf")), input, {}).isEmpty());
 }
 
 QTEST_MAIN(tst_ShoppingList)
