@@ -29,10 +29,6 @@ class RecordingDevice : public QPaintDevice {
     int metric(PaintDeviceMetric m) const override
     {
         switch (m) {
-        case PdmWidth:
-            return 12240; // Letter, 8.5 x 11 inches
-        case PdmHeight:
-            return 15840;
         case PdmDpiX:
         case PdmDpiY:
         case PdmPhysicalDpiX:
