@@ -19,12 +19,15 @@ PrintLayoutSettings distinctFonts()
     for (int i = 0; i < PieceCount; ++i)
         layout.fonts[i] = FontRecord{
             QStringLiteral("DejaVu Sans"), sizes[i], i == PieceName, i == PieceGarnish, false, false, colours[i]};
-    layout.print = {true, true, true, true, true, true};
-    layout.mark = QStringLiteral("Mark line");
     return layout;
 }
 
-const CardContent kMartini{"Martini", 3, "Cocktail glass", "Stirred", "Olive", "Stir with ice and strain.",
+const CardContent kMartini{"Martini",
+                           3,
+                           "Cocktail glass",
+                           "Stirred",
+                           "Olive",
+                           "Stir with ice and strain.",
                            {"2 oz Gin", "1/2 oz Dry Vermouth"}};
 
 // The device's own measures of a piece's font, in twips.
@@ -119,7 +122,8 @@ void TestPrintCard::pieces()
     check(PieceBuild, card.build, kCell.Right - m(PieceBuild).w(card.build), cursorY);
     const float bodyTop = cursorY + std::max(rowHeight, m(PieceBuild).h());
     check(PieceMark, layout.mark, kCell.Left, kCell.Bottom - m(PieceMark).h());
-    check(PieceGarnish, card.garnish, kCell.Right - m(PieceGarnish).w(card.garnish), kCell.Bottom - m(PieceGarnish).h());
+    check(PieceGarnish, card.garnish, kCell.Right - m(PieceGarnish).w(card.garnish),
+          kCell.Bottom - m(PieceGarnish).h());
     // One column, its block centred on the card.
     const float x = kCell.Left + (kCell.Right - kCell.Left) / 2 - m(PieceIng).w(card.ingredients[1]) / 2;
     check(PieceIng, card.ingredients[0], x, bodyTop);
