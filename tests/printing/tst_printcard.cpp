@@ -63,7 +63,6 @@ void draw(RecordingDevice &device, const CardContent &card, const PrintLayoutSet
 class TestPrintCard : public QObject {
     Q_OBJECT
   private slots:
-    void pieces_data();
     void pieces();
     void ingredientColumns_data();
     void ingredientColumns();
@@ -71,23 +70,12 @@ class TestPrintCard : public QObject {
     void wrapping();
 };
 
-void TestPrintCard::pieces_data()
-{
-    QTest::addColumn<bool>("glassAsText");
-    QTest::addColumn<float>("scale");
-    QTest::addColumn<bool>("recipe");
-    QTest::newRow("every piece, glass as text") << true << 1.0f << true;
-    QTest::newRow("preview at half size, no recipe") << false << 0.5f << false;
-}
-
+// Every piece of a card as the recipe preview sets it, at half size.
 void TestPrintCard::pieces()
 {
-    QFETCH(bool, glassAsText);
-    QFETCH(float, scale);
-    QFETCH(bool, recipe);
+    const float scale = 0.5f;
     PrintLayoutSettings layout = distinctFonts();
-    layout.print[checkIndex(PieceRecipe)] = recipe;
-    layout.glassAsText = glassAsText;
+    layout.print[checkIndex(PieceRecipe)] = true;
     const CardContent card = kMartini;
     RecordingDevice device;
     QImage tall(10, 40, QImage::Format_RGB32);
@@ -108,19 +96,11 @@ void TestPrintCard::pieces()
     };
     check(PieceName, card.name, kCell.Left, kCell.Top);
     const float cursorY = kCell.Top + m(PieceName).h();
-    float rowHeight = 0;
     const float side = 720 * scale; // the glass picture's half inch
-    QCOMPARE(int(device.pictures.size()), glassAsText ? 0 : 1);
-    if (glassAsText) {
-        check(PieceGlass, card.glassName, kCell.Left, cursorY);
-        rowHeight = m(PieceGlass).h();
-    } else {
-        // A tall picture is squeezed into the square.
-        QCOMPARE(device.pictures[0], QRectF(kCell.Left, cursorY, side, side));
-        rowHeight = side;
-    }
+    // A tall picture is squeezed into the square.
+    QCOMPARE(device.pictures, (std::vector<QRectF>{QRectF(kCell.Left, cursorY, side, side)}));
     check(PieceBuild, card.build, kCell.Right - m(PieceBuild).w(card.build), cursorY);
-    const float bodyTop = cursorY + std::max(rowHeight, m(PieceBuild).h());
+    const float bodyTop = cursorY + std::max(side, m(PieceBuild).h());
     check(PieceMark, layout.mark, kCell.Left, kCell.Bottom - m(PieceMark).h());
     check(PieceGarnish, card.garnish, kCell.Right - m(PieceGarnish).w(card.garnish),
           kCell.Bottom - m(PieceGarnish).h());
@@ -128,9 +108,8 @@ void TestPrintCard::pieces()
     const float x = kCell.Left + (kCell.Right - kCell.Left) / 2 - m(PieceIng).w(card.ingredients[1]) / 2;
     check(PieceIng, card.ingredients[0], x, bodyTop);
     check(PieceIng, card.ingredients[1], x, bodyTop + m(PieceIng).h());
-    if (recipe)
-        check(PieceRecipe, card.recipe, kCell.Left, bodyTop + 2 * m(PieceIng).h());
-    QCOMPARE(int(device.texts.size()), 6 + glassAsText + recipe);
+    check(PieceRecipe, card.recipe, kCell.Left, bodyTop + 2 * m(PieceIng).h());
+    QCOMPARE(int(device.texts.size()), 7);
 }
 
 void TestPrintCard::ingredientColumns_data()
@@ -194,7 +173,6 @@ void TestPrintCard::wrapping_data()
         << "Shake with ice" << 5.0f << "Shake with ic" << QStringList{"Shake with", "ice"};
     // Room for three lines: the rest is dropped.
     QTest::newRow("past the limit") << "a\nb\nc\nd\ne" << 3.0f << "abcdef" << QStringList{"a", "b", "c"};
-    QTest::newRow("no room for one line") << "a b" << 0.5f << "abcdef" << QStringList{};
 }
 
 void TestPrintCard::wrapping()
