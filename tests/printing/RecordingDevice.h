@@ -25,41 +25,22 @@ class RecordingDevice : public QPaintDevice {
     RecordingDevice() : m_engine(this) {}
     QPaintEngine *paintEngine() const override { return const_cast<Engine *>(&m_engine); }
 
-    const Text *find(const QString &text) const
-    {
-        for (const Text &t : texts)
-            if (t.text == text)
-                return &t;
-        return nullptr;
-    }
-
   protected:
     int metric(PaintDeviceMetric m) const override
     {
         switch (m) {
-        case PdmWidth:
-            return 12240; // Letter, 8.5 x 11 inches
-        case PdmHeight:
-            return 15840;
-        case PdmWidthMM:
-            return 216;
-        case PdmHeightMM:
-            return 279;
         case PdmDpiX:
         case PdmDpiY:
         case PdmPhysicalDpiX:
         case PdmPhysicalDpiY:
             return 1440;
-        case PdmNumColors:
-            return 0x7fffffff;
-        case PdmDepth:
-            return 32;
         case PdmDevicePixelRatio:
             return 1;
         case PdmDevicePixelRatioScaled:
             return int(devicePixelRatioFScale());
+        default:
+            return 0;
         }
-        return 0;
     }
 
   private:
