@@ -64,3 +64,11 @@ void printLine(const QString &text)
     writeOut(text.toUtf8() + '\n');
     std::fflush(stdout);
 }
+
+void printDrinks(bool json, const std::vector<qint32> &ids, const QStringList &names)
+{
+    RowWriter out(json, {QStringLiteral("id"), QStringLiteral("name")});
+    for (size_t i = 0; i < ids.size(); ++i)
+        out.add({ids[i], names[qsizetype(i)]});
+    out.finish();
+}

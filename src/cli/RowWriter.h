@@ -53,3 +53,6 @@ private:
 
 // A line of text on standard output (a summary, a document).
 void printLine(const QString &text);
+
+// Drinks as the lists show them: id and name, one a row.
+void printDrinks(bool json, const std::vector<qint32> &ids, const QStringList &names);

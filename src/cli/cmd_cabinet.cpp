@@ -82,10 +82,10 @@ int run(CliContext &c)
     const NextBottle::Book book = NextBottle::LoadBook(c.store());
     const NextBottle::Outlook outlook = NextBottle::Look(book, NextBottle::StoredTicks(c.store()));
     if (action == QLatin1String("can-make")) {
-        RowWriter out(c.json(), {QStringLiteral("id"), QStringLiteral("name")});
+        QStringList names;
         for (qint32 id : outlook.canMake)
-            out.add({id, drinkName(book, id)});
-        out.finish();
+            names << drinkName(book, id);
+        printDrinks(c.json(), outlook.canMake, names);
     } else if (action == QLatin1String("near")) {
         const int missing = positiveNumber(c, "missing", 1);
         if (missing > 2)

@@ -84,10 +84,7 @@ int run(CliContext &c)
     QStringList names;
     if (!sql.isEmpty())
         store.selectIdNames(sql, ids, names);
-    RowWriter out(c.json(), {QStringLiteral("id"), QStringLiteral("name")});
-    for (size_t i = 0; i < ids.size(); ++i)
-        out.add({ids[i], names[qsizetype(i)]});
-    out.finish();
+    printDrinks(c.json(), ids, names);
     return 0;
 }
 

@@ -57,10 +57,7 @@ int run(CliContext &c)
     std::vector<qint32> ids;
     QStringList names;
     store.selectIdNames(QStringLiteral("SELECT ID, Name FROM (") + select + QStringLiteral(") ORDER BY Name"), ids, names);
-    RowWriter out(c.json(), {QStringLiteral("id"), QStringLiteral("name")});
-    for (size_t i = 0; i < ids.size(); ++i)
-        out.add({ids[i], names[qsizetype(i)]});
-    out.finish();
+    printDrinks(c.json(), ids, names);
     return 0;
 }
 
