@@ -180,6 +180,8 @@ void tst_Cli::priceList_data()
                                                     << "1 Gin 20|2 Lime 0.5|3 Rum 15|4 Tonic 3";
     QTest::newRow("missing price") << QByteArray("Name,Price\nGin,1\nRum,\n") << words("--apply") << 1
                                    << "list.csv:3: no price for \"Rum\"" << before;
+    QTest::newRow("price not a number") << QByteArray("Name,Price\nGin,$1\n") << words("--apply") << 1
+                                        << "list.csv:2: the price \"$1\" is not a number" << before;
     QTest::newRow("open quote") << QByteArray("Name,Price\n\"Gin,1\n") << words("--apply") << 1
                                 << "list.csv:2: a quoted field does not end" << before;
     QTest::newRow("bad ounces") << QByteArray("Name,Price,Unit,Oz\nGin,1,Fifth,0\n") << words("--apply") << 1

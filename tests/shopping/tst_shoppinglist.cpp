@@ -46,6 +46,8 @@ void tst_ShoppingList::purchaseAmount_data()
     QTest::addColumn<float>("ounces");
     QTest::addColumn<QString>("expected");
     const int bar = PurchaseAmount::Bar, metric = PurchaseAmount::Metric;
+    QTest::newRow("bar 16 goes one ounce up") << bar << 16.0f << " 17 Ounces";
+    QTest::newRow("bar 16.5 is above the pint") << bar << 16.5f << " 2 Pints";
     QTest::newRow("bar 25.6 single is not above the fifth") << bar << 25.6f << " 2 Pints";
     QTest::newRow("bar 51.2 exact multiple goes up") << bar << 51.2f << " 3 Fifths";
     QTest::newRow("bar dash limit") << bar << 0.03125f << "";
