@@ -60,6 +60,8 @@ struct CliCommand {
     const char *description; // one line
     void (*declare)(QCommandLineParser &parser);
     int (*run)(CliContext &context);
+    // Lays out pages (cards, a printed list), so it needs the fonts of a GUI application.
+    bool drawsPages = false;
 };
 
 namespace CliCommands {

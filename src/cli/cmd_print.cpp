@@ -67,7 +67,7 @@ int run(CliContext &c)
 }
 
 const CliCommand command{"print", "(--marked | --ids 1,2,3) [--layout NAME] --pdf FILE [--paper Letter|A4]",
-                         "Prints recipe cards to a PDF file, as the print dialog lays them out.", declare, run};
+                         "Prints recipe cards to a PDF file, as the print dialog lays them out.", declare, run, true};
 const CliCommandEntry entry(command);
 
 } // namespace

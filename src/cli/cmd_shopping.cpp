@@ -79,7 +79,8 @@ int run(CliContext &c)
 }
 
 const CliCommand command{"shopping", "(--marked | --ids 1,2,3) [--drinks N] [--family 1|2|3] [--out FILE.LST] [--pdf FILE]",
-                         "The shopping list for drinks: what to buy, in bar, English or metric units.", declare, run};
+                         "The shopping list for drinks: what to buy, in bar, English or metric units.", declare, run,
+                         true};
 const CliCommandEntry entry(command);
 
 } // namespace

@@ -79,12 +79,12 @@ int main(int argc, char **argv)
         return 2;
     }
 
-    // Commands that lay out pages need the fonts of a GUI application; with no screen to talk
-    // to, the offscreen platform serves. The others stay plain console programs.
-    const bool drawsPages = commandName == u"print" || commandName == u"shopping";
-    if (drawsPages && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    // With no screen to talk to, the offscreen platform serves the commands that lay out pages;
+    // the others stay plain console programs.
+    if (command->drawsPages && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    const std::unique_ptr<QCoreApplication> app(drawsPages ? new QGuiApplication(argc, argv) : new QCoreApplication(argc, argv));
+    const std::unique_ptr<QCoreApplication> app(command->drawsPages ? new QGuiApplication(argc, argv)
+                                                                    : new QCoreApplication(argc, argv));
     QCoreApplication::setApplicationName(QStringLiteral("Corvane"));
 
     QCommandLineParser parser;
